@@ -1,0 +1,16 @@
+# Packages of others. GoogleTest is built from Debian's source package, so that one version serves
+# both the native and the Windows build.
+set(VORNIK_GTEST_SOURCE /usr/src/googletest CACHE PATH "GoogleTest source folder")
+if(BUILD_TESTING)
+  set(INSTALL_GTEST OFF)
+  set(BUILD_GMOCK OFF)
+  set(BUILD_SHARED_LIBS OFF)
+  add_subdirectory(${VORNIK_GTEST_SOURCE} ${PROJECT_BINARY_DIR}/googletest EXCLUDE_FROM_ALL)
+  add_library(vornik_gtest_main INTERFACE)
+  target_link_libraries(vornik_gtest_main INTERFACE gtest_main gtest)
+endif()
+find_package(ZLIB REQUIRED)
+if(NOT WIN32)
+  find_package(PkgConfig REQUIRED)
+  pkg_check_modules(CAIRO REQUIRED IMPORTED_TARGET cairo)
+endif()
