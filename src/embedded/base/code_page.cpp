@@ -18,9 +18,7 @@ constexpr unsigned kTrailCount = 190;  // 40 to 7E, 80 to FE
 
 // U+DC80 to U+DCFF carry the bytes 80 to FF.
 constexpr char32_t kCarried = 0xDC00;
-constexpr bool isCarried(char32_t c) {
-  return c >= 0xDC80 && c <= 0xDCFF;
-}
+constexpr bool isCarried(char32_t c) { return c >= 0xDC80 && c <= 0xDCFF; }
 
 struct TwoBytes {
   unsigned lead, trail;
@@ -208,8 +206,6 @@ std::string ansiFromWide(std::wstring_view wide) {
   return out;
 }
 
-std::string ansiFromUtf8(std::string_view utf8) {
-  return ansiFromWide(wideFromUtf8(utf8));
-}
+std::string ansiFromUtf8(std::string_view utf8) { return ansiFromWide(wideFromUtf8(utf8)); }
 
 }  // namespace base

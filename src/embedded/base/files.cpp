@@ -16,9 +16,7 @@ namespace {
 
 SaveHook saveHook = nullptr;
 
-Status before(SaveStep step) {
-  return saveHook ? saveHook(step) : Status();
-}
+Status before(SaveStep step) { return saveHook ? saveHook(step) : Status(); }
 
 fs::path withSuffix(const fs::path& path, const std::string& suffix) {
   fs::path longer = path;
@@ -98,9 +96,7 @@ Status saveAtomically(const fs::path& name, std::string_view bytes, SaveOptions 
   return status;
 }
 
-SaveHook setSaveHook(SaveHook hook) {
-  return std::exchange(saveHook, hook);
-}
+SaveHook setSaveHook(SaveHook hook) { return std::exchange(saveHook, hook); }
 
 Result<fs::path> moveDamagedAside(const fs::path& path) {
   std::error_code error;

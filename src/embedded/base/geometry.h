@@ -10,12 +10,8 @@ namespace base {
 
 inline constexpr double kPi = std::numbers::pi;
 
-inline double radians(double degrees) {
-  return degrees * kPi / 180.0;
-}
-inline double degrees(double radians) {
-  return radians * 180.0 / kPi;
-}
+inline double radians(double degrees) { return degrees * kPi / 180.0; }
+inline double degrees(double radians) { return radians * 180.0 / kPi; }
 
 struct Point2 {
   double x = 0;
@@ -36,12 +32,8 @@ struct Point3 {
   friend Point3 operator*(Point3 a, double s) { return {a.x * s, a.y * s, a.z * s}; }
 };
 
-inline double length(Point2 v) {
-  return std::hypot(v.x, v.y);
-}
-inline double distance(Point2 a, Point2 b) {
-  return length(b - a);
-}
+inline double length(Point2 v) { return std::hypot(v.x, v.y); }
+inline double distance(Point2 a, Point2 b) { return length(b - a); }
 
 // The point at `distance` from `p` in direction `angle`.
 inline Point2 polar(Point2 p, double angle, double distance) {

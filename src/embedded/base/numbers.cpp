@@ -179,19 +179,11 @@ std::string format(double value, Format... arguments) {
 
 }  // namespace
 
-int wtoi(std::wstring_view text) {
-  return readInt(text);
-}
-int atoi(std::string_view text) {
-  return readInt(text);
-}
+int wtoi(std::wstring_view text) { return readInt(text); }
+int atoi(std::string_view text) { return readInt(text); }
 
-ParsedDouble parseDouble(std::wstring_view text) {
-  return NumberScanner<wchar_t>(text).scan();
-}
-ParsedDouble parseDouble(std::string_view text) {
-  return NumberScanner<char>(text).scan();
-}
+ParsedDouble parseDouble(std::wstring_view text) { return NumberScanner<wchar_t>(text).scan(); }
+ParsedDouble parseDouble(std::string_view text) { return NumberScanner<char>(text).scan(); }
 
 std::string formatG(double value, int precision) {
   return format(value, std::chars_format::general, precision);
@@ -201,9 +193,7 @@ std::string formatF(double value, int precision) {
   return format(value, std::chars_format::fixed, precision);
 }
 
-std::string formatShortest(double value) {
-  return format(value);
-}
+std::string formatShortest(double value) { return format(value); }
 
 std::string formatInt(long long value, int width) {
   std::array<char, 24> digits;

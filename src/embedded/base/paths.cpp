@@ -13,9 +13,7 @@ namespace fs = std::filesystem;
 
 namespace {
 
-std::size_t lastSeparator(std::wstring_view path) {
-  return path.find_last_of(L"\\/");
-}
+std::size_t lastSeparator(std::wstring_view path) { return path.find_last_of(L"\\/"); }
 
 #ifndef _WIN32
 
@@ -42,21 +40,11 @@ std::optional<fs::path> findNoCase(const fs::path& folder, std::string_view name
 
 #ifdef _WIN32
 
-fs::path resolvePath(std::wstring_view path) {
-  return {path};
-}
-fs::path pathFromWide(std::wstring_view path) {
-  return {path};
-}
-fs::path pathFromUtf8(std::string_view path) {
-  return {wideFromUtf8(path)};
-}
-std::wstring wideFromPath(const fs::path& path) {
-  return path.native();
-}
-std::string utf8FromPath(const fs::path& path) {
-  return utf8FromWide(path.native());
-}
+fs::path resolvePath(std::wstring_view path) { return {path}; }
+fs::path pathFromWide(std::wstring_view path) { return {path}; }
+fs::path pathFromUtf8(std::string_view path) { return {wideFromUtf8(path)}; }
+std::wstring wideFromPath(const fs::path& path) { return path.native(); }
+std::string utf8FromPath(const fs::path& path) { return utf8FromWide(path.native()); }
 
 #else
 
@@ -82,18 +70,10 @@ fs::path resolvePath(std::wstring_view wide) {
   return resolved;
 }
 
-fs::path pathFromWide(std::wstring_view path) {
-  return {utf8FromWide(path)};
-}
-fs::path pathFromUtf8(std::string_view path) {
-  return {path};
-}
-std::wstring wideFromPath(const fs::path& path) {
-  return wideFromUtf8(path.native());
-}
-std::string utf8FromPath(const fs::path& path) {
-  return path.native();
-}
+fs::path pathFromWide(std::wstring_view path) { return {utf8FromWide(path)}; }
+fs::path pathFromUtf8(std::string_view path) { return {path}; }
+std::wstring wideFromPath(const fs::path& path) { return wideFromUtf8(path.native()); }
+std::string utf8FromPath(const fs::path& path) { return path.native(); }
 
 #endif
 

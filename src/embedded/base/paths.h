@@ -19,9 +19,7 @@ std::filesystem::path pathFromUtf8(std::string_view path);
 std::wstring wideFromPath(const std::filesystem::path& path);
 std::string utf8FromPath(const std::filesystem::path& path);
 
-constexpr bool isSeparator(wchar_t c) {
-  return c == L'\\' || c == L'/';
-}
+constexpr bool isSeparator(wchar_t c) { return c == L'\\' || c == L'/'; }
 
 // `name` within `folder`, with a backslash between them unless there is a separator; an empty
 // folder gives the name alone.

@@ -19,9 +19,7 @@ Status systemFailure(const fs::path& path, int error) {
   return fileFailure(path, std::generic_category().message(error));
 }
 
-int descriptor(std::intptr_t handle) {
-  return static_cast<int>(handle);
-}
+int descriptor(std::intptr_t handle) { return static_cast<int>(handle); }
 
 // A rename is on the disk when its folder is. Some file systems can't flush folders: no failure.
 void flushFolder(const fs::path& file) {
@@ -34,9 +32,7 @@ void flushFolder(const fs::path& file) {
 
 }  // namespace
 
-RawFile::~RawFile() {
-  static_cast<void>(close());
-}
+RawFile::~RawFile() { static_cast<void>(close()); }
 
 Status RawFile::create(const fs::path& path) {
   path_ = path;
@@ -98,8 +94,6 @@ Status replaceFile(const fs::path& temporary, const fs::path& path) {
   return {};
 }
 
-std::uint64_t processNumber() {
-  return static_cast<std::uint64_t>(::getpid());
-}
+std::uint64_t processNumber() { return static_cast<std::uint64_t>(::getpid()); }
 
 }  // namespace base

@@ -25,15 +25,11 @@ Status systemFailure(const fs::path& path, DWORD error) {
   return fileFailure(path, reasonOf(error));
 }
 
-HANDLE fileHandle(std::intptr_t handle) {
-  return reinterpret_cast<HANDLE>(handle);
-}
+HANDLE fileHandle(std::intptr_t handle) { return reinterpret_cast<HANDLE>(handle); }
 
 }  // namespace
 
-RawFile::~RawFile() {
-  static_cast<void>(close());
-}
+RawFile::~RawFile() { static_cast<void>(close()); }
 
 Status RawFile::create(const fs::path& path) {
   path_ = path;
@@ -97,8 +93,6 @@ Status replaceFile(const fs::path& temporary, const fs::path& path) {
   return systemFailure(path, GetLastError());
 }
 
-std::uint64_t processNumber() {
-  return GetCurrentProcessId();
-}
+std::uint64_t processNumber() { return GetCurrentProcessId(); }
 
 }  // namespace base

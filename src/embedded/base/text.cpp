@@ -183,17 +183,13 @@ std::wstring_view trimLeft(std::wstring_view text) {
 std::wstring_view trimRight(std::wstring_view text) {
   return trimEnds(text, false, true, kBlankWide);
 }
-std::wstring_view trim(std::wstring_view text) {
-  return trimEnds(text, true, true, kBlankWide);
-}
+std::wstring_view trim(std::wstring_view text) { return trimEnds(text, true, true, kBlankWide); }
 std::string_view trimLeft(std::string_view text) {
   return trimEnds(text, true, false, kBlankNarrow);
 }
 std::string_view trimRight(std::string_view text) {
   return trimEnds(text, false, true, kBlankNarrow);
 }
-std::string_view trim(std::string_view text) {
-  return trimEnds(text, true, true, kBlankNarrow);
-}
+std::string_view trim(std::string_view text) { return trimEnds(text, true, true, kBlankNarrow); }
 
 }  // namespace base

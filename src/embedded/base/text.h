@@ -51,9 +51,7 @@ bool equalsNoCase(std::wstring_view a, std::wstring_view b);
 bool equalsNoCase(std::string_view a, std::string_view b);
 
 // ASCII white space only: the wide blank of Chinese texts belongs to the text.
-constexpr bool isBlank(wchar_t c) {
-  return c == L' ' || (c >= L'\t' && c <= L'\r');
-}
+constexpr bool isBlank(wchar_t c) { return c == L' ' || (c >= L'\t' && c <= L'\r'); }
 std::wstring_view trimLeft(std::wstring_view text);
 std::wstring_view trimRight(std::wstring_view text);
 std::wstring_view trim(std::wstring_view text);

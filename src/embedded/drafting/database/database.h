@@ -3,7 +3,8 @@
 // that every change is known to the undo journal.
 //
 // To read: find<T>(handle), tables, chains. To change an object: edit<T>(handle), then assign its
-// fields. Pointers and references stay good until the object is erased or undone away; keep handles.
+// fields. Pointers and references stay good until the object is erased or undone away; keep
+// handles.
 #pragma once
 
 #include <memory>
@@ -52,8 +53,8 @@ class Database {
   std::vector<Handle> entitiesWithApp(Handle app) const;
   std::vector<Handle> entitiesOnLayer(Kind kind, Handle layer) const;
 
-  Header header;             // drawing variables; change them with setVariable
-  int codePage = 936;        // as a Windows page number; of files read and to be written
+  Header header;                  // drawing variables; change them with setVariable
+  int codePage = 936;             // as a Windows page number; of files read and to be written
   std::vector<DxfClass> classes;  // numbers 500 and up in order
 
   // --- changing: each call is recorded in the journal

@@ -27,7 +27,7 @@ class Journal {
   // Takes back (makes again) one step; false if there is none or a group is open.
   bool undo();
   bool redo();
-  void mark();            // a place for undoToMark
+  void mark();               // a place for undoToMark
   std::size_t undoToMark();  // steps taken back
   bool changedSinceSave() const;
   void markSaved();

@@ -81,7 +81,7 @@ class Object {
   const Kind kind;
   Handle handle = 0;
   Handle owner = 0;
-  Handle extension = 0;           // extension dictionary
+  Handle extension = 0;  // extension dictionary
   std::vector<Handle> reactors;
   std::vector<XData> xdata;
 

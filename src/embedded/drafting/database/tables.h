@@ -10,7 +10,16 @@ namespace drafting {
 
 // Which symbol table a Control heads.
 enum class Table : std::uint8_t {
-  Blocks, Layers, Styles, Linetypes, Views, Ucss, Viewports, AppIds, DimStyles, ViewportHeaders,
+  Blocks,
+  Layers,
+  Styles,
+  Linetypes,
+  Views,
+  Ucss,
+  Viewports,
+  AppIds,
+  DimStyles,
+  ViewportHeaders,
 };
 inline constexpr int kTableCount = 10;
 
