@@ -149,7 +149,7 @@ class NumberScanner {
 
   ParsedDouble result(double magnitude) const { return {negative_ ? -magnitude : magnitude, at_}; }
 
-  static constexpr std::int64_t kHugeExponent = std::int64_t{1} << 60;
+  static constexpr std::int64_t kHugeExponent = std::int64_t{1} << 50;
 
   std::basic_string_view<Char> text_;
   std::size_t at_ = 0;

@@ -62,7 +62,7 @@ Status RawFile::close() {
 }
 
 Status checkReplaceable(const fs::path& path) {
-  if (::access(path.c_str(), W_OK) == 0 || errno == ENOENT) return {};
+  if (::faccessat(AT_FDCWD, path.c_str(), W_OK, AT_EACCESS) == 0 || errno == ENOENT) return {};
   return systemFailure(path, errno);
 }
 
