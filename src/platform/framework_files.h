@@ -59,6 +59,7 @@ class CFile {
  private:
   [[noreturn]] void fail() const;
   std::FILE* stream_ = nullptr;
+  bool reading_ = true;  // the last call read, or none was made
   std::wstring path_;
 };
 

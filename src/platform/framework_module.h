@@ -25,6 +25,7 @@ class CDynLinkLibrary {
   CDynLinkLibrary& operator=(const CDynLinkLibrary&) = delete;
 
   HINSTANCE resources() const;
+  const AFX_EXTENSION_MODULE* record() const { return record_; }
 
  private:
   AFX_EXTENSION_MODULE* record_;
