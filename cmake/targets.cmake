@@ -15,11 +15,12 @@ function(vornik_warnings target)
   target_compile_options(${target} PRIVATE $<$<CXX_COMPILER_ID:GNU>:-Wno-restrict>)
 endfunction()
 
-# vornik_objects(NAME SOURCES file... [LINK target...] [GATHER platform|module]): one folder's
-# sources. Folders below src/embedded/ are gathered into vornik_platform, of which a process has one
-# copy; all others into the module. LINK names the folders (or libraries of others) it stands on.
+# vornik_objects(NAME SOURCES file... [LINK folder...] [LIBRARIES library...]
+# [GATHER platform|module]): one folder's sources. Folders below src/embedded/ are gathered into
+# vornik_platform, of which a process has one copy; all others into the module. LINK names the
+# folders it stands on, LIBRARIES those of others.
 function(vornik_objects name)
-  cmake_parse_arguments(arg "" "GATHER" "SOURCES;LINK" ${ARGN})
+  cmake_parse_arguments(arg "" "GATHER" "SOURCES;LINK;LIBRARIES" ${ARGN})
   if(NOT arg_GATHER)
     string(FIND "${CMAKE_CURRENT_SOURCE_DIR}/" "${PROJECT_SOURCE_DIR}/src/embedded/" below)
     if(below EQUAL 0)
@@ -30,11 +31,14 @@ function(vornik_objects name)
   endif()
   if(arg_GATHER STREQUAL platform)
     add_library(${name} OBJECT ${arg_SOURCES})
-    target_link_libraries(${name} PUBLIC ${arg_LINK})
+    target_link_libraries(${name} PUBLIC ${arg_LINK} ${arg_LIBRARIES})
   else()
     # Archives, so that a test program gets exactly the module folders it uses.
     add_library(${name} STATIC ${arg_SOURCES})
-    target_link_libraries(${name} PUBLIC ${arg_LINK} vornik_platform)
+    target_link_libraries(${name} PUBLIC ${arg_LIBRARIES} vornik_platform)
+    vornik_filter_folders(folders ${arg_LINK})
+    target_link_libraries(${name} PUBLIC ${folders})
+    set_property(GLOBAL APPEND PROPERTY VORNIK_MODULE_LIBRARIES ${arg_LIBRARIES})
   endif()
   target_include_directories(${name} PUBLIC ${PROJECT_SOURCE_DIR}/src)
   set_target_properties(${name} PROPERTIES
@@ -61,31 +65,39 @@ function(vornik_gather_module)
   if(NOT folders)
     return()
   endif()
-  add_library(Vornikplan10 SHARED ${PROJECT_SOURCE_DIR}/cmake/empty.cpp ${ARGN})
-  target_link_libraries(Vornikplan10 PRIVATE vornik_platform)
-  # The archives' objects, all of them: nobody calls the entry point but the host.
-  foreach(folder IN LISTS folders)
-    target_sources(Vornikplan10 PRIVATE $<TARGET_OBJECTS:${folder}>)
-  endforeach()
+  # The objects and not the archives: much of the module is reached only through tables that the
+  # host reads.
+  list(TRANSFORM folders REPLACE "(.+)" "$<TARGET_OBJECTS:\\1>" OUTPUT_VARIABLE objects)
+  add_library(Vornikplan10 SHARED ${PROJECT_SOURCE_DIR}/cmake/empty.cpp ${objects} ${ARGN})
+  target_include_directories(Vornikplan10 PRIVATE ${PROJECT_SOURCE_DIR}/src)
+  get_property(libraries GLOBAL PROPERTY VORNIK_MODULE_LIBRARIES)
+  target_link_libraries(Vornikplan10 PRIVATE vornik_platform ${libraries})
   if(WIN32)
     set_target_properties(Vornikplan10 PROPERTIES PREFIX "" SUFFIX ".arx")
   endif()
 endfunction()
 
-# vornik_link(TARGET target...): links a program with the given folders or libraries and with
-# vornik_platform. A folder below src/embedded/ is already in vornik_platform and isn't linked a
-# second time, so that a process has one copy of its state.
-function(vornik_link name)
+# vornik_filter_folders(OUT target...): the targets without the folders of vornik_platform.
+function(vornik_filter_folders out)
+  set(result)
   foreach(target IN LISTS ARGN)
     set(gather)
     if(TARGET ${target})
       get_property(gather TARGET ${target} PROPERTY VORNIK_GATHER)
     endif()
     if(NOT gather STREQUAL platform)
-      target_link_libraries(${name} PRIVATE ${target})
+      list(APPEND result ${target})
     endif()
   endforeach()
-  target_link_libraries(${name} PRIVATE vornik_platform)
+  set(${out} ${result} PARENT_SCOPE)
+endfunction()
+
+# vornik_link(TARGET target...): links a program with the given folders or libraries and with
+# vornik_platform. A folder below src/embedded/ is already in vornik_platform and isn't linked a
+# second time, so that a process has one copy of its state.
+function(vornik_link name)
+  vornik_filter_folders(others ${ARGN})
+  target_link_libraries(${name} PRIVATE ${others} vornik_platform)
 endfunction()
 
 # vornik_program(NAME SOURCES file... [LINK target...]): a program of ours in bin/.

@@ -51,7 +51,7 @@ std::string utf8FromPath(const fs::path& path) { return utf8FromWide(path.native
 fs::path resolvePath(std::wstring_view wide) {
   std::string text = utf8FromWide(wide);
   std::replace(text.begin(), text.end(), '\\', '/');
-  const fs::path written = text;
+  fs::path written = text;
   if (present(written)) return written;
 
   fs::path resolved;

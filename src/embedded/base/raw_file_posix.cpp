@@ -83,7 +83,7 @@ Status keepBackup(const fs::path& path, const fs::path& backup) {
   if (error) fs::copy_file(path, fresh, fs::copy_options::overwrite_existing, error);
   if (!error) fs::rename(fresh, backup, error);
   if (!error) return {};
-  const Status failure = fileFailure(backup, error.message());
+  Status failure = fileFailure(backup, error.message());
   fs::remove(fresh, error);
   return failure;
 }

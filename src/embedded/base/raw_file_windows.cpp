@@ -82,7 +82,7 @@ Status keepBackup(const fs::path& path, const fs::path& backup) {
   const bool made = CreateHardLinkW(fresh.c_str(), path.c_str(), nullptr) ||
                     CopyFileW(path.c_str(), fresh.c_str(), FALSE);
   if (made && MoveFileExW(fresh.c_str(), backup.c_str(), MOVEFILE_REPLACE_EXISTING)) return {};
-  const Status failure = systemFailure(backup, GetLastError());
+  Status failure = systemFailure(backup, GetLastError());
   DeleteFileW(fresh.c_str());
   return failure;
 }
