@@ -136,11 +136,12 @@ struct MText : Entity {
   std::string text;  // with its format codes
   std::int16_t spacingKind = 1;
   double spacingFactor = 1;
+  bool unknown = false;
   Handle style = 0;
 };
 
 // A block placed in a drawing. Its attributes are entities of their own (Attrib, owner this
-// handle), in the order of `attributes`, closed by the SeqEnd.
+// handle), in the order of `attributes` and linked with each other, closed by the SeqEnd.
 struct Insert : Entity {
   Insert() : Entity(Kind::Insert) {}
   Point3 position;
@@ -169,7 +170,8 @@ struct SeqEnd : Entity {
   SeqEnd() : Entity(Kind::SeqEnd) {}
 };
 
-// An entity of another kind: everything behind the common data is kept as it came.
+// An entity of another kind: everything behind the common data is kept as it came. Entities that
+// it owns (vertices) are linked with each other and stand in no block's chain.
 struct RawEntity : Entity {
   RawEntity() : Entity(Kind::RawEntity) {}
   std::uint16_t type = 0;  // DWG type; from 500 on an entry of the drawing's classes

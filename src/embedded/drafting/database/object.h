@@ -66,7 +66,13 @@ struct Bits {
   std::uint32_t count = 0;
 };
 
-// A reference as a DWG stores it: code (owner, pointer; hard, soft) and the absolute handle.
+// Codes of references (frozen).
+inline constexpr std::uint8_t kSoftOwner = 2;
+inline constexpr std::uint8_t kHardOwner = 3;
+inline constexpr std::uint8_t kSoftPointer = 4;
+inline constexpr std::uint8_t kHardPointer = 5;
+
+// A reference as a DWG stores it: code and the absolute handle.
 struct Reference {
   std::uint8_t code = 0;
   Handle target = 0;
@@ -111,6 +117,7 @@ class Entity : public Object {
   std::int16_t colour = kColourByLayer;
   std::uint8_t lineweight = kLineweightByLayer;  // index of the R2000 table
   bool invisible = false;
+  std::uint16_t otherVisibility = 0;  // bits of the stored word that nobody knows
 
  protected:
   using Object::Object;

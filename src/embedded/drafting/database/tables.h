@@ -4,6 +4,7 @@
 #include <array>
 #include <utility>
 
+#include "embedded/drafting/database/header.h"
 #include "embedded/drafting/database/object.h"
 
 namespace drafting {
@@ -50,6 +51,7 @@ struct Layer : Record {
   std::int16_t colour = 7;  // positive, also when the layer is off
   Handle plotStyle = 0;
   Handle linetype = 0;
+  std::uint16_t otherFlags = 0;  // bits of the stored flags that nobody knows, kept in place
 };
 
 struct TextStyle : Record {
@@ -100,6 +102,9 @@ struct BlockRecord : Record {
   Handle begin = 0;  // Block
   Handle end = 0;    // EndBlock
   Handle layout = 0;
+
+  // Model space or the paper space of a layout: drawn for itself, not by inserting it.
+  bool isSpace() const;
 };
 
 struct Dictionary : Object {
@@ -111,16 +116,42 @@ struct Dictionary : Object {
   Handle defaultItem = 0;
 };
 
+// A dimension style: its values stand parallel to dimensionVariables().
+struct DimStyle : Record {
+  DimStyle();
+  std::vector<VariableValue> values;
+  bool unknown = false;
+};
+
 // A screen view of the VPORT table; the current one is named "*Active".
 struct Viewport : Record {
   Viewport() : Record(Kind::Viewport) {}
   double height = 297, width = 420;
   Point2 centre{210, 148.5};
-  Bits rest;  // the fields behind the centre
-  std::vector<Reference> references;
+  Point3 target;
+  Point3 direction{0, 0, 1};
+  double twist = 0, lens = 50, front = 0, back = 0;
+  std::int16_t viewMode = 0;  // DXF group 71
+  std::uint8_t renderMode = 0;
+  Point2 lowerLeft, upperRight{1, 1};  // on the screen
+  std::int16_t zoom = 1000;            // smoothness of circles
+  bool fastZoom = true;
+  std::int16_t icon = 3;
+  bool grid = false, snap = false, isometric = false;
+  Point2 gridSpacing{10, 10};
+  std::int16_t isometricPair = 0;
+  double snapRotation = 0;
+  Point2 snapBase, snapSpacing{10, 10};
+  bool unknown = false;
+  bool ownUcs = true;
+  Point3 ucsOrigin, ucsX{1, 0, 0}, ucsY{0, 1, 0};
+  double elevation = 0;
+  std::int16_t orthographic = 0;
+  Handle namedUcs = 0, baseUcs = 0;
 };
 
-// An object of another kind. A DIMSTYLE, VIEW or UCS record is one of these with its name read.
+// An object of another kind. A VIEW, UCS or viewport-header record is one of these with its common
+// start read.
 struct RawObject : Record {
   RawObject() : Record(Kind::RawObject) {}
   std::uint16_t type = 0;
