@@ -52,6 +52,9 @@ exec {ready}< <(exec Xvfb -displayfd 1 -screen 0 1280x1024x24 -nolisten tcp -nor
 screen=$!
 read -r -t 20 number <&"$ready" || { echo "session.sh: Xvfb doesn't start" >&2; exit 1; }
 export DISPLAY=:$number
+# Wine's services and its desktop start with the first program and would keep that program's output
+# open after its end: a program without output starts them (taskkill looks at all windows).
 "$wineserver" -p 7>&-
+"$VORNIK_WINE" taskkill /im none.exe </dev/null >/dev/null 2>&1 7>&- {ready}<&- || true
 
 "$@" 7>&- {ready}<&-
