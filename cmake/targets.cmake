@@ -132,8 +132,9 @@ function(vornik_test name)
   endif()
 endfunction()
 
-# vornik_fuzz(NAME SOURCES file... [LINK target...]): a libFuzzer target; its corpus is
-# fuzz/corpus/NAME.
+# vornik_fuzz(NAME SOURCES file... [LINK target...]): a libFuzzer target, and a test that runs it
+# VORNIK_FUZZ_RUNS times from fuzz/corpus/NAME. What it finds is kept in fuzz-findings/ of the build.
+set(VORNIK_FUZZ_RUNS 20000 CACHE STRING "Runs of each fuzz target in a test")
 function(vornik_fuzz name)
   cmake_parse_arguments(arg "" "" "SOURCES;LINK" ${ARGN})
   add_executable(${name} ${arg_SOURCES})
@@ -141,4 +142,11 @@ function(vornik_fuzz name)
   vornik_link(${name} ${arg_LINK})
   target_link_options(${name} PRIVATE -fsanitize=fuzzer)
   vornik_warnings(${name})
+  set(found ${PROJECT_BINARY_DIR}/fuzz-corpus/${name})
+  set(findings ${PROJECT_BINARY_DIR}/fuzz-findings)
+  file(MAKE_DIRECTORY ${found} ${findings})
+  add_test(NAME ${name} COMMAND ${name} -runs=${VORNIK_FUZZ_RUNS} -seed=1 -timeout=10
+           -rss_limit_mb=2048 -print_final_stats=1 -artifact_prefix=${findings}/${name}-
+           ${found} ${PROJECT_SOURCE_DIR}/fuzz/corpus/${name})
+  set_tests_properties(${name} PROPERTIES LABELS fuzz TIMEOUT 600)
 endfunction()

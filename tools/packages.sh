@@ -1,0 +1,36 @@
+#!/usr/bin/env bash
+# Installs the Debian packages that are missing, by name; says nothing when all are there.
+#   tools/packages.sh build|test
+# "build" is what ./run needs, "test" all of it.
+set -euo pipefail
+
+build=(cmake ninja-build g++ pkg-config zlib1g-dev libcairo2-dev googletest ccache)
+test=("${build[@]}" clang clang-format clang-tidy libclang-rt-14-dev python3 git
+  g++-mingw-w64-x86-64-posix libz-mingw-w64-dev wine64 xvfb xdotool fonts-wine fonts-arphic-uming
+  libxcursor1 libxi6 libxrandr2 libxrender1 imagemagick python3-ezdxf)
+
+case ${1:-} in
+  build) wanted=("${build[@]}") ;;
+  test) wanted=("${test[@]}") ;;
+  *) echo "usage: tools/packages.sh build|test" >&2; exit 2 ;;
+esac
+
+missing=()
+for package in "${wanted[@]}"; do
+  state=$(dpkg-query -W -f='${Status}' "$package" 2>/dev/null || true)
+  [ "$state" = "install ok installed" ] || missing+=("$package")
+done
+[ ${#missing[@]} -gt 0 ] || exit 0
+
+echo "installing ${missing[*]}"
+run=()
+[ "$(id -u)" = 0 ] || run=(sudo)
+log=$(mktemp)
+if ! { "${run[@]}" apt-get update &&
+       DEBIAN_FRONTEND=noninteractive "${run[@]}" apt-get install -y --no-install-recommends \
+         "${missing[@]}"; } >"$log" 2>&1; then
+  tail -20 "$log" >&2
+  echo "packages.sh: these packages are needed and couldn't be installed: ${missing[*]}" >&2
+  exit 1
+fi
+rm -f "$log"
