@@ -13,8 +13,9 @@
 struct CQuillDpNode {
   std::int16_t length = 0;
   const void* data = nullptr;  // owned by the tree, aligned for wide characters
+  bool bytes = false;          // the value is bytes and no text
 
-  // The value as text without its terminator; empty when there is none.
+  // The value as text without its terminator; empty when there is none, and for bytes.
   std::wstring text() const;
 };
 
