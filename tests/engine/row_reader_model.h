@@ -1,0 +1,11 @@
+// A second, slow reader of data rows, for comparing: one loop a part over explicit positions, with
+// every state as a plain flag, and nothing shared with the real one.
+#pragma once
+
+#include "engine/row_reader.h"
+
+namespace test {
+
+RowReading modelReadRow(const std::wstring& row);
+
+}  // namespace test
