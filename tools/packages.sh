@@ -4,8 +4,8 @@
 # "build" is what ./run needs, "test" all of it.
 set -euo pipefail
 
-build=(cmake ninja-build g++ pkg-config zlib1g-dev libcairo2-dev googletest ccache)
-test=("${build[@]}" clang clang-format clang-tidy libclang-rt-14-dev python3 git
+build=(cmake ninja-build g++ pkg-config zlib1g-dev libcairo2-dev ccache)
+test=("${build[@]}" googletest clang clang-format clang-tidy libclang-rt-14-dev python3 git
   g++-mingw-w64-x86-64-posix libz-mingw-w64-dev wine64 xvfb xdotool fonts-wine fonts-arphic-uming
   libxcursor1 libxi6 libxrandr2 libxrender1 imagemagick python3-ezdxf)
 

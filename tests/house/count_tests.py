@@ -10,8 +10,7 @@ naming a failed test (a crash, a time-out) counts as one failure.
 import re
 import sys
 
-BLOCK = re.compile(r"^\d+/\d+ Testing: (.+?)$(.*?)^Test time = ", re.MULTILINE | re.DOTALL)
-RESULT = re.compile(r"^Test (Passed|Failed)\.|^Test timeout", re.MULTILINE)
+BLOCK = re.compile(r"^\d+/\d+ Testing: ", re.MULTILINE)
 PASSED = re.compile(r"^\[  PASSED  \] (\d+) test", re.MULTILINE)
 FAILED = re.compile(r"^\[  FAILED  \] (\d+) tests?, listed below", re.MULTILINE)
 
@@ -28,9 +27,8 @@ def count_block(text, ok):
 
 def count(log):
     passed = failed = 0
-    # What follows a block's "Test time" line says how it ended.
-    ends = [match.start() for match in BLOCK.finditer(log)] + [len(log)]
-    for start, end in zip(ends, ends[1:]):
+    starts = [match.start() for match in BLOCK.finditer(log)] + [len(log)]
+    for start, end in zip(starts, starts[1:]):
         block = log[start:end]
         ok = re.search(r"^Test Passed\.$", block, re.MULTILINE) is not None
         block_passed, block_failed = count_block(block, ok)
@@ -39,7 +37,29 @@ def count(log):
     return passed, failed
 
 
+def self_test():
+    """A failure, a crash and a time-out must be counted as what they are."""
+    def log(*programs):
+        blocks = [
+            f"{number}/9 Testing: p{number}\nOutput:\n{output}\nTest time =   0.01 sec\n"
+            f"------\n{end}\n------\n\n"
+            for number, (output, end) in enumerate(programs, 1)
+        ]
+        return "Start testing\n" + "".join(blocks)
+
+    green = ("[  PASSED  ] 7 tests.\n[  PASSED  ] 7 tests.", "Test Passed.")
+    red = ("[  PASSED  ] 3 tests.\n[  FAILED  ] 2 tests, listed below:", "Test Failed.")
+    crash = ("[ RUN      ] A.B", "Test Failed.")
+    late_crash = ("[  PASSED  ] 4 tests.", "Test Failed.")
+    assert count(log(green)) == (7, 0)
+    assert count(log(red, green)) == (10, 2)
+    assert count(log(crash)) == (0, 1)
+    assert count(log(late_crash)) == (4, 1)
+    assert count(log(("done", "Test Passed."), ("slow", "Test timeout computed to be: 9"))) == (1, 1)
+
+
 def main():
+    self_test()
     with open(sys.argv[1], encoding="utf-8", errors="replace") as file:
         print(*count(file.read()))
 
