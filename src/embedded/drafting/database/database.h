@@ -137,6 +137,9 @@ class Database {
   void findStandardRecords(std::vector<std::string>& mended);
   template <class T>
   Handle findOrMakeRecord(Table table, const char* name, std::vector<std::string>& mended);
+  template <class T>
+  Handle listStandard(Table table, const char* name, std::vector<std::string>& mended);
+  Handle firstRecord(Table table) const;  // 0 in an empty table
   void mendEntities(std::vector<std::string>& mended);
   void setHeaderReferences();
 

@@ -16,6 +16,7 @@ const Variable kVariables[] = {
     {"", Text, std::string("m")},
     {"", Text, std::string("")},
     {"", Text, std::string("")},
+    {"", Text, std::string("")},
     {"", Long, 0},
     {"", Long, 0},
     {"CURRENT_VIEWPORT", Reference, Handle{0}, 0, 5},

@@ -157,32 +157,42 @@ Handle Database::findOrMakeRecord(Table table, const char* name, std::vector<std
   return record.handle;
 }
 
+// The record of that name, listed in its table; made if there is none.
+template <class T>
+Handle Database::listStandard(Table table, const char* name, std::vector<std::string>& mended) {
+  const Handle handle = findOrMakeRecord<T>(table, name, mended);
+  auto& records = this->table(table).records;
+  if (std::find(records.begin(), records.end(), handle) == records.end()) {
+    records.push_back(handle);
+  }
+  return handle;
+}
+
 void Database::findStandardRecords(std::vector<std::string>& mended) {
-  const auto listed = [this]<class T>(Table table, const char* name, std::vector<std::string>& m,
-                                      T*) {
-    const Handle handle = findOrMakeRecord<T>(table, name, m);
-    auto& records = this->table(table).records;
-    if (std::find(records.begin(), records.end(), handle) == records.end()) {
-      records.push_back(handle);
-    }
-    return handle;
-  };
   Control& linetypes = table(Table::Linetypes);
   const Handle byBlock = findOrMakeRecord<Linetype>(Table::Linetypes, "ByBlock", mended);
   const Handle byLayer = findOrMakeRecord<Linetype>(Table::Linetypes, "ByLayer", mended);
   linetypes.extras = {byBlock, byLayer};
   std::erase_if(linetypes.records, [&](Handle h) { return h == byBlock || h == byLayer; });
-  const Handle continuous =
-      listed(Table::Linetypes, "Continuous", mended, static_cast<Linetype*>(nullptr));
-  const Handle layer = listed(Table::Layers, "0", mended, static_cast<Layer*>(nullptr));
+  const Handle continuous = listStandard<Linetype>(Table::Linetypes, "Continuous", mended);
+  const Handle layer = listStandard<Layer>(Table::Layers, "0", mended);
   if (auto* zero = find<Layer>(layer); zero && zero->linetype == 0) zero->linetype = continuous;
-  listed(Table::AppIds, "ACAD", mended, static_cast<AppId*>(nullptr));
-  listed(Table::Styles, "Standard", mended, static_cast<TextStyle*>(nullptr));
-  listed(Table::DimStyles, "Standard", mended, static_cast<DimStyle*>(nullptr));
+  listStandard<AppId>(Table::AppIds, "ACAD", mended);
+  if (firstRecord(Table::Styles) == 0) listStandard<TextStyle>(Table::Styles, "Standard", mended);
+  if (firstRecord(Table::DimStyles) == 0) {
+    listStandard<DimStyle>(Table::DimStyles, "Standard", mended);
+  }
   if (!find<Dictionary>(header.handle("NAMED_DICTIONARY"))) {
     header.set("NAMED_DICTIONARY", makeMissing<Dictionary>(0).handle);
     mended.push_back("the drawing had no named dictionary; made one");
   }
+}
+
+Handle Database::firstRecord(Table table) const {
+  for (const Handle record : this->table(table).records) {
+    if (record != 0) return record;
+  }
+  return 0;
 }
 
 // Entities need a layer; those whose layer is gone come to stand on "0".
@@ -222,18 +232,16 @@ void Database::setHeaderReferences() {
   header.set("LTYPE_BYLAYER", findRecord(Table::Linetypes, "ByLayer"));
   header.set("LTYPE_BYBLOCK", findRecord(Table::Linetypes, "ByBlock"));
   header.set("LTYPE_CONTINUOUS", findRecord(Table::Linetypes, "Continuous"));
-  const auto standard = [this](const char* variable, Table table, const char* name) {
+  const auto current = [this](const char* variable, Table table, Handle usual) {
     const Record* record = find<Record>(header.handle(variable));
     Table own;
-    if (!record || !tableOf(*record, own) || own != table) {
-      header.set(variable, findRecord(table, name));
-    }
+    if (!record || !tableOf(*record, own) || own != table) header.set(variable, usual);
   };
-  standard("CLAYER", Table::Layers, "0");
-  standard("TEXTSTYLE", Table::Styles, "Standard");
-  standard("CELTYPE", Table::Linetypes, "ByLayer");
-  standard("DIMSTYLE", Table::DimStyles, "Standard");
-  standard("DIMTXSTY", Table::Styles, "Standard");
+  current("CLAYER", Table::Layers, findRecord(Table::Layers, "0"));
+  current("TEXTSTYLE", Table::Styles, firstRecord(Table::Styles));
+  current("CELTYPE", Table::Linetypes, findRecord(Table::Linetypes, "ByLayer"));
+  current("DIMSTYLE", Table::DimStyles, firstRecord(Table::DimStyles));
+  current("DIMTXSTY", Table::Styles, firstRecord(Table::Styles));
 }
 
 }  // namespace drafting

@@ -3,7 +3,9 @@
 #include <algorithm>
 #include <array>
 
+#include "embedded/base/crc.h"
 #include "embedded/drafting/database/visit.h"
+#include "embedded/drafting/dwg/file_layout.h"
 
 namespace drafting {
 namespace {
@@ -167,6 +169,29 @@ void writeObjectBody(FieldWriter& w, const Object& object, OwnerMode mode) {
     writeObjectCommon(w, object);
   }
   visit(object, [&w]<class T>(const T& o) { walk<FieldWriter>(w, o); });
+}
+
+void appendObject(FieldWriter& w, const Object& object, std::uint16_t type, OwnerMode mode,
+                  std::string& out) {
+  w.data.clear();
+  w.references.clear();
+  w.data.shortInteger(type);
+  const std::size_t sizeAt = w.data.position();
+  w.data.rawLong(0);
+  w.data.reference(0, object.handle);
+  writeObjectBody(w, object, mode);
+  const std::size_t bitSize = w.data.position();
+  w.data.append(w.references);
+  w.data.finish();
+  w.data.patchRawLong(sizeAt, static_cast<std::uint32_t>(bitSize));
+  const std::string_view bytes = w.data.finish();
+
+  const std::size_t start = out.size();
+  std::size_t size = bytes.size();
+  for (; size > 0x7FFF; size >>= 15) putLow(out, (size & 0x7FFF) | 0x8000, 2);
+  putLow(out, size, 2);
+  out += bytes;
+  putLow(out, base::crc16(out.data() + start, out.size() - start), 2);
 }
 
 bool readObjectBody(FieldReader& r, Object& object, EntityFrame& frame) {

@@ -25,6 +25,10 @@ enum class OwnerMode : std::uint8_t { Stored = 0, PaperSpace = 1, ModelSpace = 2
 // Writes extended data, common data, body and references behind what `w` holds already.
 void writeObjectBody(FieldWriter& w, const Object& object, OwnerMode mode);
 
+// Appends the whole frame of an object to `out`, from its size to its checksum.
+void appendObject(FieldWriter& w, const Object& object, std::uint16_t type, OwnerMode mode,
+                  std::string& out);
+
 // --- reading
 
 // The common data of an entity that a file states and an Entity doesn't keep.

@@ -1,0 +1,219 @@
+#include "embedded/drafting/dwg/sample_drawing.h"
+
+#include "embedded/drafting/database/fields.h"
+#include "embedded/drafting/database/visit.h"
+#include "embedded/drafting/database/xdata.h"
+#include "embedded/drafting/dwg/dwg_reader.h"
+#include "embedded/drafting/dwg/dwg_writer.h"
+#include "embedded/drafting/dwg/object_image.h"
+
+namespace drafting {
+namespace {
+
+// Gives every field of an object a value of its own.
+struct Filler {
+  static constexpr bool kReads = true;
+  double next = 1.5;
+  Handle style = 0;
+
+  double value() { return next += 0.25; }
+  Point2 flatValue() { return {value(), value()}; }
+  void subclass(const char*) {}
+  void real(const char*, int, double& v) { v = value(); }
+  void angle(const char*, int, double& v) { v = value(); }
+  void integer(const char*, int, std::int16_t& v) { v = -7; }
+  void byte(const char*, int, std::uint8_t& v) { v = 3; }
+  void bit(const char*, int, bool& v) { v = true; }
+  void text(const char*, int, std::string& v) { v = "主母线 \\P text é"; }
+  void longText(const char*, int, std::string& v) { text("", 0, v); }
+  void point(const char*, int, Point3& v) { v = {value(), value(), value()}; }
+  void flat(const char*, int, Point2& v) { v = flatValue(); }
+  void thickness(int, double& v) { v = value(); }
+  void extrusion(int, Point3& v) { v = {0, 1, 0}; }
+  void normal(int, Point3& v) { v = {1, 0, 0}; }
+  void handle(const char*, int group, std::uint8_t, Handle& v) { v = group == 7 ? style : v; }
+  void lineEnds(Line& o) { o.start = {1, 2, 3}, o.end = {1, 5, 3.5}; }
+  void solidCorners(Solid& o) {
+    o.elevation = value();
+    for (Point2& corner : o.corners) corner = flatValue();
+  }
+  void lwPolyline(LwPolyline& o) {
+    for (int i = 0; i < 5; ++i) {
+      o.points.push_back(flatValue());
+      o.bulges.push_back(value());
+      o.widths.push_back({value(), value()});
+    }
+    o.constantWidth = value(), o.elevation = value(), o.thickness = value();
+    o.normal = {0, 1, 0}, o.closed = o.continuousPattern = true;
+  }
+  void textFields(TextBase& o) {
+    o.position = flatValue(), o.alignment = flatValue(), o.elevation = value();
+    o.thickness = value(), o.normal = {0, 1, 0}, o.oblique = value(), o.rotation = value();
+    o.height = value(), o.widthFactor = value(), o.text = "%%c20 图";
+    o.generation = 2, o.horizontal = 4, o.vertical = 3;
+  }
+  void verticalAlignment(int, TextBase&) {}
+  void insertScale(Insert& o) { o.scale = {2, -2, 3}; }
+  void insertTail(Insert& o) {
+    o.isArray = true, o.columns = 3, o.rows = 2, o.columnSpacing = value(), o.rowSpacing = value();
+  }
+};
+
+template <class T>
+std::unique_ptr<T> filled(const Database& db) {
+  Filler filler;
+  filler.style = db.findRecord(Table::Styles, "Standard");
+  auto entity = std::make_unique<T>();
+  walk<Filler>(filler, *entity);
+  entity->layer = db.findRecord(Table::Layers, "图层 1");
+  return entity;
+}
+
+template <class T>
+std::unique_ptr<T> plain(const Database& db) {
+  auto entity = std::make_unique<T>();
+  entity->layer = db.findRecord(Table::Layers, "0");
+  return entity;
+}
+
+template <class... T>
+void appendEach(Database& db, BlockRecord& block) {
+  (db.append(block, filled<T>(db)), ...);
+  (db.append(block, plain<T>(db)), ...);
+}
+
+void addRecords(Database& db) {
+  auto layer = std::make_unique<Layer>();
+  layer->name = "图层 1";
+  layer->colour = 3;
+  layer->off = layer->frozenInNew = layer->locked = true;
+  layer->plotted = false;
+  layer->lineweight = 9;
+  layer->linetype = db.findRecord(Table::Linetypes, "Continuous");
+  db.addRecord(Table::Layers, std::move(layer));
+  auto linetype = std::make_unique<Linetype>();
+  linetype->name = "DASHDOT";
+  linetype->description = "__ . __";
+  linetype->patternLength = 5;
+  linetype->dashes = {{3.0}, {-1.0}, {0.0, 4, 0.5, 0.25, 2.0, 0.1, 2, 0x11}, {-1.0}};
+  linetype->textArea = "GAS" + std::string(253, '\0');
+  db.addRecord(Table::Linetypes, std::move(linetype));
+  auto style = std::make_unique<TextStyle>();
+  style->name = "仿宋";
+  style->vertical = true;
+  style->fixedHeight = 3.5;
+  style->widthFactor = 0.7;
+  style->generation = 4;
+  style->font = "gbenor.shx";
+  db.addRecord(Table::Styles, std::move(style));
+}
+
+Handle addBlock(Database& db, const char* name, bool anonymous) {
+  auto block = std::make_unique<BlockRecord>();
+  block->name = name;
+  block->anonymous = anonymous;
+  block->base = {1, 2, 0};
+  block->description = "元件";
+  block->preview = std::string("\0\1\2", 3);
+  return db.addBlock(std::move(block));
+}
+
+void addInserts(Database& db, Handle block) {
+  auto insert = plain<Insert>(db);
+  insert->block = block;
+  insert->scale = {1, 2, 1};
+  const Handle handle = db.append(db.modelSpace(), std::move(insert));
+  for (int i = 0; i < 3; ++i) db.appendAttribute(*db.find<Insert>(handle), filled<Attrib>(db));
+  for (const Point3 scale : {Point3{1, 1, 1}, Point3{2, 2, 2}, Point3{-1, 1, 1}}) {
+    auto other = plain<Insert>(db);
+    other->block = block;
+    other->scale = scale;
+    db.append(db.modelSpace(), std::move(other));
+  }
+  auto array = filled<Insert>(db);
+  array->block = block;
+  db.append(db.paperSpace(), std::move(array));
+}
+
+void addExtendedData(Database& db) {
+  const Handle app = db.registerApp("TKSY"), other = db.registerApp("应用");
+  Entity& entity = *db.modelSpace().first;
+  db.willChange(entity);
+  entity.xdata = {
+      {app, *encodeXData({{1000, "XHGG 图"}, {1070, 5}, {1005, entity.handle}}, db.codePage)},
+      {other, *encodeXData({{1040, 2.5}, {1010, Point3{1, 2, 3}}}, db.codePage)}};
+  entity.colour = 5;
+  entity.linetype = db.findRecord(Table::Linetypes, "DASHDOT");
+  entity.linetypeScale = 0.5;
+  entity.lineweight = 11;
+  entity.invisible = true;
+  Entity& second = *entity.next;
+  db.willChange(second);
+  second.linetype = kByBlock;
+  second.reactors = {entity.handle};
+}
+
+}  // namespace
+
+std::unique_ptr<Database> makeSampleDrawing() {
+  auto made = Database::makeNew();
+  Database& db = *made;
+  addRecords(db);
+  BlockRecord& space = db.modelSpace();
+  appendEach<Line, Point, Circle, Arc, Ellipse, Solid, LwPolyline, Text, MText, Attdef>(db, space);
+  const Handle block = addBlock(db, "断路器", false);
+  appendEach<Line, Text, Attdef>(db, *db.find<BlockRecord>(block));
+  addInserts(db, block);
+  addInserts(db, addBlock(db, "*U12", true));
+  addBlock(db, "empty", false);
+  addExtendedData(db);
+  db.setVariable("LTSCALE", 2.5);
+  db.setVariable("INSBASE", Point3{1, 2, 3});
+  db.setVariable("MENU", std::string("菜单"));
+  db.setVariable("MEASUREMENT", 0);
+  db.previews = {{1, std::string(80, '\0')}, {2, "picture"}};
+  return made;
+}
+
+bool expectSameDrawing(const Database& a, const Database& b) {
+  std::size_t different = 0;
+  EXPECT_EQ(a.objectCount(), b.objectCount());
+  a.forEach([&](const Object& object) {
+    const Object* other = b.find(object.handle);
+    const bool same =
+        other && other->kind == object.kind && encodeImage(*other) == encodeImage(object);
+    if (!same) {
+      ++different;
+      ADD_FAILURE() << "object " << std::hex << object.handle << " of kind " << std::dec
+                    << static_cast<int>(object.kind) << (other ? " differs" : " is gone");
+    }
+    if (!same || !isEntity(object.kind)) return;
+    const auto& x = static_cast<const Entity&>(object);
+    const auto& y = static_cast<const Entity&>(*other);
+    EXPECT_EQ(x.previous ? x.previous->handle : 0, y.previous ? y.previous->handle : 0);
+    EXPECT_EQ(x.next ? x.next->handle : 0, y.next ? y.next->handle : 0);
+  });
+  const auto table = variables();
+  for (int i = 0; i < static_cast<int>(table.size()); ++i) {
+    const auto& row = table[static_cast<std::size_t>(i)];
+    if (std::string_view(row.name) == "HANDSEED" || row.type == VariableType::Date) continue;
+    EXPECT_EQ(a.header.at(i), b.header.at(i)) << row.name;
+  }
+  EXPECT_EQ(a.classes.size(), b.classes.size());
+  EXPECT_EQ(a.codePage, b.codePage);
+  EXPECT_EQ(a.previews, b.previews);
+  EXPECT_EQ(a.modelSpace().count, b.modelSpace().count);
+  return different == 0;
+}
+
+std::unique_ptr<Database> reread(const Database& database) {
+  const auto bytes = writeDwg(database);
+  EXPECT_TRUE(bytes.ok()) << bytes.message();
+  ReadReport report;
+  auto again = readDwg(*bytes, report);
+  EXPECT_TRUE(again.ok()) << again.message();
+  EXPECT_EQ(report.summary(), "");
+  return again.ok() ? std::move(*again) : nullptr;
+}
+
+}  // namespace drafting
