@@ -157,7 +157,7 @@ std::string writeAuxiliaryHeader(const Database& database) {
     putLow(out, kProgramVersion, 2);
     putLow(out, kMaintenance, 2);
   }
-  for (const std::uint64_t value : {5, 0x893, 5, 0x893, 0, 1}) putLow(out, value, 2);
+  for (const std::uint64_t value : {5u, 0x893u, 5u, 0x893u, 0u, 1u}) putLow(out, value, 2);
   out.append(20, '\0');
   putTime(out, database.header.real("TDCREATE"));
   putTime(out, database.header.real("TDUPDATE"));
