@@ -2,7 +2,8 @@
 // heaps of the characters that mean something in a row.
 #include <gtest/gtest.h>
 
-#include <cstring>
+#include <algorithm>
+#include <cmath>
 #include <random>
 
 #include "engine/row_reader.h"
@@ -79,15 +80,14 @@ class RandomRows {
   std::mt19937 random_;
 };
 
-// Bits and not values, so that "nan" agrees with itself.
-bool same(const std::vector<double>& a, const std::vector<double>& b) {
-  return a.size() == b.size() &&
-         (a.empty() || std::memcmp(a.data(), b.data(), a.size() * sizeof(double)) == 0);
-}
+// "nan" agrees with itself.
+bool same(double a, double b) { return a == b || (std::isnan(a) && std::isnan(b)); }
+bool same(const RowPoint& a, const RowPoint& b) { return same(a.x, b.x) && same(a.y, b.y); }
 
-bool same(const std::vector<RowPoint>& a, const std::vector<RowPoint>& b) {
-  return a.size() == b.size() &&
-         (a.empty() || std::memcmp(a.data(), b.data(), a.size() * sizeof(RowPoint)) == 0);
+template <typename Element>
+bool same(const std::vector<Element>& a, const std::vector<Element>& b) {
+  return std::equal(a.begin(), a.end(), b.begin(), b.end(),
+                    [](const Element& x, const Element& y) { return same(x, y); });
 }
 
 void expectAgreement(const std::wstring& text) {

@@ -1,13 +1,18 @@
 // Writes and reads the escapes.
 #include "embedded/common_funcs/escape.h"
 
+#include <cstdint>
+
 namespace common_funcs {
 
 namespace {
 
 constexpr std::wstring_view kDigits = L"0123456789ABCDEF";
 
-bool mustEscape(wchar_t c) { return c == L'%' || c == 0x7F || (c >= 0 && c < 0x20); }
+bool mustEscape(wchar_t c) {
+  const auto code = static_cast<std::uint32_t>(c);  // wide characters have a sign on some systems
+  return c == L'%' || code == 0x7F || code < 0x20;
+}
 
 int digitValue(wchar_t c) {
   if (c >= L'a' && c <= L'f') c = static_cast<wchar_t>(c - L'a' + L'A');

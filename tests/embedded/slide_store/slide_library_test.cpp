@@ -154,7 +154,8 @@ TEST(SlideLibrary, SurvivesDamagedBytes) {
     std::string damaged = bytes;
     for (int i = 0; i < 3; ++i) damaged[random() % damaged.size()] = static_cast<char>(random());
     SlideLibrary read;
-    if (read.parse(damaged).ok()) EXPECT_LE(read.serialise()->size(), damaged.size() + 36);
+    if (!read.parse(damaged).ok()) continue;
+    EXPECT_LE(read.serialise()->size(), damaged.size() + 36);
   }
 }
 
