@@ -7,7 +7,7 @@
 #include "module/name_list.h"
 #include "platform/framework_files.h"
 
-int SplitNameList(std::wstring text, std::wstring separator, CStringArray& names) {
+int SplitNameList(const std::wstring& text, const std::wstring& separator, CStringArray& names) {
   return separator.empty() ? 0 : splitNames(text, separator.front(), names);
 }
 

@@ -17,7 +17,7 @@
 
 // Name lists of the auxiliary library. SplitNameList returns 1 if the text held the separator, else
 // 0 (the caller then empties the array). JoinNameList always returns 1.
-int SplitNameList(std::wstring text, std::wstring separator, CStringArray& names);
+int SplitNameList(const std::wstring& text, const std::wstring& separator, CStringArray& names);
 int JoinNameList(std::wstring& text, const std::wstring& separator, const CStringArray& names);
 
 // Writes a slide library without slides, 68 bytes, over whatever stands at the path. 1, or 0 when

@@ -48,6 +48,130 @@ int asInteger(const std::wstring& text) {
   return static_cast<int>(value);
 }
 
+// False when the row must be refused for its beginning.
+bool readBlocks(const std::wstring& row, long long a, CircuitRow& r) {
+  bool inList = false, numberDone = false, inQuote = false, tokenQuoted = false;
+  bool tokenBare = false, separatorSeen = false;
+  long long tokenStart = 0, tokenEnd = 0, field = 0;
+  double x = 0;
+  for (long long i = 0; i < a - 1; ++i) {
+    const wchar_t ch = row[static_cast<std::size_t>(i)];
+    if (!inList) {
+      if (ch == L' ') continue;
+      if (ch == L'(') {
+        inList = true;
+        continue;
+      }
+      return false;
+    }
+    if (!numberDone) {
+      if (ch == L'"') inQuote = !inQuote;
+      if (ch == L' ' && !inQuote) {
+        numberDone = true;
+        tokenStart = i;
+      }
+      continue;
+    }
+    if (ch == L'"') {
+      inQuote = !inQuote;
+      if (inQuote) tokenQuoted = true;
+      separatorSeen = false;
+      continue;
+    }
+    if (ch != L' ') {
+      if (!inQuote) {
+        tokenBare = true;
+        separatorSeen = false;
+      }
+      continue;
+    }
+    if (inQuote || separatorSeen) continue;
+    separatorSeen = true;
+    if (tokenQuoted) {
+      tokenEnd = i - 2;
+      tokenStart = tokenStart + 1;
+    }
+    if (tokenBare) tokenEnd = i - 1;
+    const std::wstring token = between(row, tokenStart + 1, tokenEnd);
+    tokenStart = i;
+    if (field % 5 == 0) r.names.push_back(token);
+    if (field % 5 == 1) r.specifications.push_back(bothEndsTrimmed(token));
+    if (field % 5 == 2) x = asNumber(token);
+    if (field % 5 == 3) r.points.push_back({x, asNumber(token)});
+    if (field % 5 == 4) r.angles.push_back(asNumber(token));
+    field = field + 1;
+    tokenQuoted = false;
+    tokenBare = false;
+  }
+  return true;
+}
+
+void readLines(const std::wstring& row, long long a, long long e, CircuitRow& r) {
+  bool inList = false, separatorSeen = false, closed = false;
+  long long tokenStart = 0, field = 0;
+  double x = 0;
+  for (long long i = a + 5; i < e && !closed; ++i) {
+    const wchar_t ch = row[static_cast<std::size_t>(i)];
+    if (!inList) {
+      if (ch == L' ') continue;
+      inList = true;
+      tokenStart = i - 1;
+    }
+    if (ch == L')') {
+      closed = true;
+      if (separatorSeen) continue;
+    } else if (ch == L' ') {
+      if (separatorSeen) continue;
+    } else {
+      separatorSeen = false;
+      continue;
+    }
+    const std::wstring token = between(row, tokenStart + 1, i - 1);
+    separatorSeen = true;
+    tokenStart = i;
+    if (field % 4 == 0 || field % 4 == 2) x = asNumber(token);
+    if (field % 4 == 1) r.starts.push_back({x, asNumber(token)});
+    if (field % 4 == 3) r.ends.push_back({x, asNumber(token)});
+    field = field + 1;
+  }
+}
+
+void readTexts(const std::wstring& row, long long t, CircuitRow& r) {
+  const long long length = static_cast<long long>(row.size());
+  bool inList = false, separatorSeen = false, closed = false;
+  long long tokenStart = 0, field = 0;
+  double x = 0;
+  for (long long i = t + 5; i < length && !closed; ++i) {
+    const wchar_t ch = row[static_cast<std::size_t>(i)];
+    if (!inList) {
+      if (ch == L' ') continue;
+      inList = true;
+      tokenStart = i - 1;
+    }
+    if (ch == L')') {
+      closed = true;
+      if (separatorSeen) continue;
+    } else if (ch == L' ') {
+      if (separatorSeen) continue;
+    } else {
+      separatorSeen = false;
+      continue;
+    }
+    const std::wstring token = bothEndsTrimmed(between(row, tokenStart + 1, i - 1));
+    separatorSeen = true;
+    tokenStart = i;
+    if (field % 6 == 0) {
+      r.texts.push_back(between(token, 1, static_cast<long long>(token.size()) - 2));
+    }
+    if (field % 6 == 1) r.colours.push_back(asInteger(token));
+    if (field % 6 == 2) r.heights.push_back(asNumber(token));
+    if (field % 6 == 3) x = asNumber(token);
+    if (field % 6 == 4) r.textPoints.push_back({x, asNumber(token)});
+    if (field % 6 == 5) r.textAngles.push_back(asNumber(token));
+    field = field + 1;
+  }
+}
+
 }  // namespace
 
 RowReading modelReadRow(const std::wstring& row) {
@@ -58,129 +182,12 @@ RowReading modelReadRow(const std::wstring& row) {
   long long t = firstOf(row, L"TEXT");
   const long long c = firstOf(row, L")");
   if (c <= t) t = -1;
-
-  {
-    bool inList = false, numberDone = false, inQuote = false, tokenQuoted = false;
-    bool tokenBare = false, separatorSeen = false;
-    long long tokenStart = 0, tokenEnd = 0, field = 0;
-    double x = 0;
-    for (long long i = 0; i < a - 1; ++i) {
-      const wchar_t ch = row[static_cast<std::size_t>(i)];
-      if (!inList) {
-        if (ch == L' ') continue;
-        if (ch == L'(') {
-          inList = true;
-          continue;
-        }
-        result.message = L"\n行内容错误";
-        return result;
-      }
-      if (!numberDone) {
-        if (ch == L'"') inQuote = !inQuote;
-        if (ch == L' ' && !inQuote) {
-          numberDone = true;
-          tokenStart = i;
-        }
-        continue;
-      }
-      if (ch == L'"') {
-        inQuote = !inQuote;
-        if (inQuote) tokenQuoted = true;
-        separatorSeen = false;
-        continue;
-      }
-      if (ch != L' ') {
-        if (!inQuote) {
-          tokenBare = true;
-          separatorSeen = false;
-        }
-        continue;
-      }
-      if (inQuote || separatorSeen) continue;
-      separatorSeen = true;
-      if (tokenQuoted) {
-        tokenEnd = i - 2;
-        tokenStart = tokenStart + 1;
-      }
-      if (tokenBare) tokenEnd = i - 1;
-      const std::wstring token = between(row, tokenStart + 1, tokenEnd);
-      tokenStart = i;
-      if (field % 5 == 0) r.names.push_back(token);
-      if (field % 5 == 1) r.specifications.push_back(bothEndsTrimmed(token));
-      if (field % 5 == 2) x = asNumber(token);
-      if (field % 5 == 3) r.points.push_back({x, asNumber(token)});
-      if (field % 5 == 4) r.angles.push_back(asNumber(token));
-      field = field + 1;
-      tokenQuoted = false;
-      tokenBare = false;
-    }
+  if (!readBlocks(row, a, r)) {
+    result.message = L"\n行内容错误";
+    return result;
   }
-
-  {
-    bool inList = false, separatorSeen = false, closed = false;
-    long long tokenStart = 0, field = 0;
-    const long long e = t == -1 ? length : t;
-    double x = 0;
-    for (long long i = a + 5; i < e && !closed; ++i) {
-      const wchar_t ch = row[static_cast<std::size_t>(i)];
-      if (!inList) {
-        if (ch == L' ') continue;
-        inList = true;
-        tokenStart = i - 1;
-      }
-      if (ch == L')') {
-        closed = true;
-        if (separatorSeen) continue;
-      } else if (ch == L' ') {
-        if (separatorSeen) continue;
-      } else {
-        separatorSeen = false;
-        continue;
-      }
-      const std::wstring token = between(row, tokenStart + 1, i - 1);
-      separatorSeen = true;
-      tokenStart = i;
-      if (field % 4 == 0 || field % 4 == 2) x = asNumber(token);
-      if (field % 4 == 1) r.starts.push_back({x, asNumber(token)});
-      if (field % 4 == 3) r.ends.push_back({x, asNumber(token)});
-      field = field + 1;
-    }
-  }
-
-  if (t != -1) {
-    bool inList = false, separatorSeen = false, closed = false;
-    long long tokenStart = 0, field = 0;
-    double x = 0;
-    for (long long i = t + 5; i < length && !closed; ++i) {
-      const wchar_t ch = row[static_cast<std::size_t>(i)];
-      if (!inList) {
-        if (ch == L' ') continue;
-        inList = true;
-        tokenStart = i - 1;
-      }
-      if (ch == L')') {
-        closed = true;
-        if (separatorSeen) continue;
-      } else if (ch == L' ') {
-        if (separatorSeen) continue;
-      } else {
-        separatorSeen = false;
-        continue;
-      }
-      const std::wstring token = bothEndsTrimmed(between(row, tokenStart + 1, i - 1));
-      separatorSeen = true;
-      tokenStart = i;
-      if (field % 6 == 0) {
-        r.texts.push_back(between(token, 1, static_cast<long long>(token.size()) - 2));
-      }
-      if (field % 6 == 1) r.colours.push_back(asInteger(token));
-      if (field % 6 == 2) r.heights.push_back(asNumber(token));
-      if (field % 6 == 3) x = asNumber(token);
-      if (field % 6 == 4) r.textPoints.push_back({x, asNumber(token)});
-      if (field % 6 == 5) r.textAngles.push_back(asNumber(token));
-      field = field + 1;
-    }
-  }
+  readLines(row, a, t == -1 ? length : t, r);
+  if (t != -1) readTexts(row, t, r);
 
   if (r.names.size() != r.points.size()) {
     result.message = L"\n数据格式错误1";

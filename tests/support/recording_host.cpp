@@ -1,6 +1,7 @@
 // The recording host's drawing, commands and prompts.
 #include "support/recording_host.h"
 
+#include <algorithm>
 #include <cstdarg>
 #include <cwchar>
 
@@ -34,10 +35,9 @@ Thing* RecordingHost::addEntity(const std::wstring& type) {
 }
 
 Thing* RecordingHost::lastEntity() const {
-  for (auto it = space.rbegin(); it != space.rend(); ++it) {
-    if (!(*it)->erased) return *it;
-  }
-  return nullptr;
+  const auto last = std::find_if(space.rbegin(), space.rend(),
+                                 [](const Thing* entity) { return !entity->erased; });
+  return last == space.rend() ? nullptr : *last;
 }
 
 std::vector<Thing*> RecordingHost::present(const std::wstring& type) const {
@@ -189,7 +189,7 @@ Answer ask(const wchar_t* prompt) {
   host().prompts.push_back(L"[" + armed + L"] " + prompt);
   armed.clear();
   if (host().answers.empty()) return {RTCAN, L"", {}};
-  const Answer answer = host().answers.front();
+  Answer answer = host().answers.front();
   host().answers.pop_front();
   return answer;
 }

@@ -1,8 +1,6 @@
 // Writes and reads the escapes.
 #include "embedded/common_funcs/escape.h"
 
-#include <cstdint>
-
 namespace common_funcs {
 
 namespace {
@@ -10,7 +8,7 @@ namespace {
 constexpr std::wstring_view kDigits = L"0123456789ABCDEF";
 
 bool mustEscape(wchar_t c) {
-  const auto code = static_cast<std::uint32_t>(c);  // wide characters have a sign on some systems
+  const auto code = static_cast<char32_t>(c);  // wide characters have a sign on some systems
   return c == L'%' || code == 0x7F || code < 0x20;
 }
 

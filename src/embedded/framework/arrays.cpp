@@ -51,7 +51,8 @@ void CCheckedArray<Element>::Copy(const CCheckedArray& other) {
 template <typename Element>
 void CCheckedArray<Element>::SetAtGrow(int index, const Element& value) {
   if (index < 0) AfxThrowInvalidArgException();
-  const Element kept = value;  // value may stand in this array
+  // The value may stand in this array. NOLINTNEXTLINE(performance-unnecessary-copy-initialization)
+  const Element kept = value;
   if (index >= GetSize()) SetSize(index + 1);
   SetAt(index, kept);
 }
@@ -59,6 +60,7 @@ void CCheckedArray<Element>::SetAtGrow(int index, const Element& value) {
 template <typename Element>
 void CCheckedArray<Element>::InsertAt(int index, const Element& value, int count) {
   if (index < 0 || count < 0) AfxThrowInvalidArgException();
+  // As above. NOLINTNEXTLINE(performance-unnecessary-copy-initialization)
   const Element kept = value;
   if (index > GetSize()) SetSize(index);
   elements_.insert(elements_.begin() + index, static_cast<std::size_t>(count), kept);

@@ -2,6 +2,7 @@
 #include "embedded/base/text.h"
 
 #include <algorithm>
+#include <compare>
 
 #include "platform/framework_exceptions.h"
 #include "platform/framework_text.h"
@@ -49,7 +50,7 @@ int CString::CompareNoCase(const wchar_t* other) const {
   const auto order = std::lexicographical_compare_three_way(
       text_.begin(), text_.end(), right.begin(), right.end(),
       [](wchar_t a, wchar_t b) { return lower(a) <=> lower(b); });
-  return order < 0 ? -1 : order > 0 ? 1 : 0;
+  return std::is_lt(order) ? -1 : std::is_gt(order) ? 1 : 0;
 }
 
 int CString::Find(const wchar_t* part, int start) const {
