@@ -40,6 +40,11 @@ function(vornik_objects name)
     target_link_libraries(${name} PUBLIC ${folders})
     set_property(GLOBAL APPEND PROPERTY VORNIK_MODULE_LIBRARIES ${arg_LIBRARIES})
   endif()
+  if(arg_GATHER STREQUAL companions)
+    # In the product they are part of the platform library; a test links the archive beside doubles
+    # of what they call.
+    vornik_objects(${name}_shared SOURCES ${arg_SOURCES} LINK ${arg_LINK} GATHER platform)
+  endif()
   target_include_directories(${name} PUBLIC ${PROJECT_SOURCE_DIR}/src)
   set_target_properties(${name} PROPERTIES
     POSITION_INDEPENDENT_CODE ON VORNIK_GATHER ${arg_GATHER})

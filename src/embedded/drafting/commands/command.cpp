@@ -1,0 +1,65 @@
+#include "embedded/drafting/commands/command.h"
+
+namespace drafting {
+namespace {
+
+std::string capitals(std::string_view name) {
+  std::string out(name);
+  for (char& c : out) {
+    if (c >= 'a' && c <= 'z') c = static_cast<char>(c - 'a' + 'A');
+  }
+  return out;
+}
+
+}  // namespace
+
+bool CommandTable::add(Command command) {
+  command.name = capitals(command.name);
+  const auto [from, to] = commands_.equal_range(command.name);
+  for (auto it = from; it != to; ++it) {
+    if (it->second.group == command.group) return false;
+  }
+  const std::string name = command.name;
+  commands_.emplace(name, std::move(command));
+  return true;
+}
+
+bool CommandTable::removeGroup(std::string_view group) {
+  return std::erase_if(commands_,
+                       [group](const auto& entry) { return entry.second.group == group; }) != 0;
+}
+
+bool CommandTable::hasGroup(std::string_view group) const {
+  for (const auto& [name, command] : commands_) {
+    if (command.group == group) return true;
+  }
+  return false;
+}
+
+const Command* CommandTable::find(std::string_view name) const {
+  std::string key = capitals(name);
+  if (const auto alias = aliases_.find(key); alias != aliases_.end()) key = alias->second;
+  const auto [from, to] = commands_.equal_range(key);
+  return from == to ? nullptr : &std::prev(to)->second;
+}
+
+std::vector<std::string> CommandTable::names() const {
+  std::vector<std::string> names;
+  for (const auto& [name, command] : commands_) {
+    if (names.empty() || names.back() != name) names.push_back(name);
+  }
+  return names;
+}
+
+void addBuiltinCommands(CommandTable& table) {
+  addDrawCommands(table);
+  addInsertCommands(table);
+  addTextCommands(table);
+  addEditCommands(table);
+  addUndoCommands(table);
+  addLayerCommands(table);
+  addSettingCommands(table);
+  addFileCommands(table);
+}
+
+}  // namespace drafting

@@ -1,0 +1,141 @@
+#include "embedded/drafting/database/clone.h"
+
+#include <unordered_map>
+
+#include "embedded/drafting/database/visit.h"
+#include "embedded/drafting/database/xdata.h"
+
+namespace drafting {
+namespace {
+
+class Cloner {
+ public:
+  Cloner(Database& target, const Database& source) : target_(target), source_(source) {}
+
+  CloneResult run(std::string_view name) {
+    CloneResult result;
+    result.block = makeBlock(name, source_.modelSpace(), source_.header.point("INSBASE"));
+    if (rawEntities_ > 0) {
+      result.leftBehind.push_back(std::to_string(rawEntities_) +
+                                  " entities of unknown kinds were left out of block " +
+                                  std::string(name));
+    }
+    return result;
+  }
+
+ private:
+  Handle makeBlock(std::string_view name, const BlockRecord& from, const Point3& base) {
+    auto record = std::make_unique<BlockRecord>();
+    record->name = name;
+    record->base = base;
+    record->description = from.description;
+    record->hasAttdefs = from.hasAttdefs;
+    const Handle handle = target_.addBlock(std::move(record));
+    auto& block = *target_.find<BlockRecord>(handle);
+    for (const Entity* entity = from.first; entity; entity = entity->next) copyInto(block, *entity);
+    return handle;
+  }
+
+  void copyInto(BlockRecord& block, const Entity& entity) {
+    if (entity.kind == Kind::RawEntity) {
+      ++rawEntities_;
+      return;
+    }
+    const Handle made = target_.append(block, copied(entity));
+    if (entity.kind == Kind::Attdef) block.hasAttdefs = true;
+    const auto* insert = dynamic_cast<const Insert*>(&entity);
+    if (!insert) return;
+    for (const Handle attribute : insert->attributes) {
+      const auto* one = source_.find<Entity>(attribute);
+      if (one) target_.appendAttribute(*target_.find<Insert>(made), copied(*one));
+    }
+  }
+
+  std::unique_ptr<Entity> copied(const Entity& entity) {
+    std::unique_ptr<Entity> copy(static_cast<Entity*>(copyObject(entity).release()));
+    copy->extension = 0;
+    copy->reactors.clear();
+    copy->plotStyle = kByLayer;
+    copy->layer = record<Layer>(Table::Layers, entity.layer);
+    if (copy->linetype != kByLayer && copy->linetype != kByBlock && copy->linetype != kContinuous) {
+      copy->linetype = record<Linetype>(Table::Linetypes, entity.linetype);
+    }
+    if (auto* text = dynamic_cast<TextBase*>(copy.get())) {
+      text->style = record<TextStyle>(Table::Styles, text->style);
+    } else if (auto* mtext = dynamic_cast<MText*>(copy.get())) {
+      mtext->style = record<TextStyle>(Table::Styles, mtext->style);
+    } else if (auto* insert = dynamic_cast<Insert*>(copy.get())) {
+      insert->block = nested(insert->block);
+      insert->attributes.clear();
+      insert->seqEnd = 0;
+    }
+    copyXData(*copy);
+    return copy;
+  }
+
+  // Handles in extended data lead to objects that stay behind: they become null. Layers come along.
+  void copyXData(Entity& copy) {
+    for (XData& data : copy.xdata) {
+      data.app = target_.registerApp(source_.recordName(data.app));
+      mapXDataHandles(data.items, [this](int code, Handle handle) {
+        return code == 1003 ? record<Layer>(Table::Layers, handle) : Handle{0};
+      });
+    }
+  }
+
+  Handle nested(Handle block) {
+    const auto known = blocks_.find(block);
+    if (known != blocks_.end()) return known->second;
+    const auto* from = source_.find<BlockRecord>(block);
+    if (!from) return 0;
+    const Handle there = target_.findRecord(Table::Blocks, from->name);
+    if (there) return blocks_[block] = there;
+    blocks_[block] = 0;  // a block within itself ends here
+    return blocks_[block] = makeBlock(from->name, *from, from->base);
+  }
+
+  // The target's record of the same name, copied there if it is missing.
+  template <class T>
+  Handle record(Table table, Handle handle) {
+    const auto* from = source_.find<T>(handle);
+    if (!from) return defaultOf(table);
+    const Handle there = target_.findRecord(table, from->name);
+    if (there) return there;
+    std::unique_ptr<T> copy(static_cast<T*>(copyObject(*from).release()));
+    copy->extension = 0;
+    copy->reactors.clear();
+    copy->xdata.clear();
+    copy->xref = 0;
+    if constexpr (std::is_same_v<T, Layer>) {
+      copy->plotStyle = target_.find<Layer>(defaultOf(Table::Layers))->plotStyle;
+      copy->linetype = record<Linetype>(Table::Linetypes, from->linetype);
+    }
+    if constexpr (std::is_same_v<T, Linetype>) {
+      for (Linetype::Dash& dash : copy->dashes) {
+        if (dash.style) dash.style = record<TextStyle>(Table::Styles, dash.style);
+      }
+    }
+    return target_.addRecord(table, std::move(copy));
+  }
+
+  Handle defaultOf(Table table) const {
+    switch (table) {
+      case Table::Styles: return target_.findRecord(table, "Standard");
+      case Table::Linetypes: return target_.findRecord(table, "Continuous");
+      default: return target_.findRecord(table, "0");
+    }
+  }
+
+  Database& target_;
+  const Database& source_;
+  std::unordered_map<Handle, Handle> blocks_;
+  std::size_t rawEntities_ = 0;
+};
+
+}  // namespace
+
+CloneResult cloneAsBlock(Database& target, const Database& source, std::string_view name) {
+  return Cloner(target, source).run(name);
+}
+
+}  // namespace drafting

@@ -1,0 +1,22 @@
+// Copies between drawings: what INSERT of a file does. Layers, linetypes, styles, applications and
+// blocks go by name: what the target has already counts, what it lacks is copied along.
+#pragma once
+
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "embedded/drafting/database/database.h"
+
+namespace drafting {
+
+struct CloneResult {
+  Handle block = 0;                     // the new block's record
+  std::vector<std::string> leftBehind;  // a sentence for each kind of thing that couldn't come along
+};
+
+// Makes a block named `name` in `target` from the model space of `source`, whose insertion base
+// becomes the block's base point. The name must be free.
+CloneResult cloneAsBlock(Database& target, const Database& source, std::string_view name);
+
+}  // namespace drafting

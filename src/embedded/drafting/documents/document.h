@@ -1,0 +1,26 @@
+// Document: a drawing that is open in the host, with the file it came from.
+#pragma once
+
+#include <memory>
+#include <string>
+
+#include "embedded/drafting/database/database.h"
+
+class AcDbDatabaseState;
+
+namespace drafting {
+
+struct Document {
+  Document() = default;
+  ~Document();  // handles that modules still have lead nowhere from then on
+  Document(const Document&) = delete;
+  Document& operator=(const Document&) = delete;
+
+  std::unique_ptr<Database> database;
+  std::string path;  // UTF-8; empty for a drawing never saved
+  int locks = 0;     // lockDoc calls not yet undone
+  // What modules' handles to this drawing share; made when a module first asks for the drawing.
+  std::shared_ptr<AcDbDatabaseState> state;
+};
+
+}  // namespace drafting
