@@ -1,0 +1,17 @@
+// Drawings of the sample library, made of figures.
+#pragma once
+
+#include <memory>
+
+#include "embedded/drafting/database/database.h"
+#include "samples/generator/definitions.h"
+
+namespace samples {
+
+// A figure as a drawing of its own: strokes in colour 3, letters in 2, layer 0, base point (0, 0).
+std::unique_ptr<drafting::Database> makeFigureDrawing(const Figure& figure);
+
+// The block that marks where a circuit stands: one invisible attribute for the scale, no figure.
+std::unique_ptr<drafting::Database> makeScaleMarkDrawing();
+
+}  // namespace samples

@@ -1,0 +1,197 @@
+// What an install holds, relative to its folder:
+//
+//   system/Fah.dwg                     the block that marks a circuit's place
+//   Datcom/zhllib/zhllib.qdp, .slb     circuits and their slides
+//   Datcom/zhllib/zhlFzgn.qdp          auxiliary groups, with a folder fzgnNNNN each
+//   Dwglib/dwgdir.dab, slddir.dab      directory files: name (8), folder code (4)
+//   Dwglib/Dqbl0012/                   symbols and the index file Dqbl0012.idx
+//   User/                              the user's files
+#include "samples/generator/install.h"
+
+#include "auxiliary/auxiliary_store.h"
+#include "embedded/base/files.h"
+#include "embedded/base/paths.h"
+#include "embedded/base/text.h"
+#include "embedded/drafting/documents/drawing_files.h"
+#include "platform/common_funcs.h"
+#include "platform/quill_data.h"
+#include "samples/generator/drawings.h"
+
+namespace samples {
+namespace {
+
+namespace fs = std::filesystem;
+
+constexpr std::string_view kSymbolFolder = "Dqbl0012";
+constexpr std::string_view kFolderCode = "0012";
+constexpr wchar_t kListSeparator = L'\x03';
+
+class Installer {
+ public:
+  Installer(fs::path folder, const std::function<void(std::string_view)>& progress)
+      : folder_(std::move(folder)), progress_(progress) {}
+
+  base::Status run() {
+    for (const auto step :
+         {&Installer::makeFolders, &Installer::makeMark, &Installer::makeSymbols,
+          &Installer::makeDirectoryFiles, &Installer::makeCircuits, &Installer::makeAuxiliary}) {
+      const base::Status status = (this->*step)();
+      if (!status) return status;
+    }
+    return {};
+  }
+
+ private:
+  fs::path library() const { return folder_ / "Datcom" / "zhllib"; }
+
+  base::Status makeFolders() {
+    for (const fs::path& path :
+         {folder_ / "system", library(), folder_ / "Dwglib" / kSymbolFolder, folder_ / "User"}) {
+      std::error_code error;
+      fs::create_directories(path, error);
+      if (error) return base::Status::failure(base::utf8FromPath(path) + ": " + error.message());
+    }
+    return {};
+  }
+
+  base::Status save(const drafting::Database& database, const fs::path& path) {
+    return drafting::saveDrawingFile(database, base::utf8FromPath(path));
+  }
+
+  base::Status makeMark() { return save(*makeScaleMarkDrawing(), folder_ / "system" / "Fah.dwg"); }
+
+  base::Status makeSymbols() {
+    progress_("symbols");
+    for (const SymbolDefinition& symbol : symbols()) {
+      const base::Status status = save(*makeFigureDrawing(symbol.figure),
+                                       folder_ / "Dwglib" / kSymbolFolder / (symbol.name + ".dwg"));
+      if (!status) return status;
+    }
+    return {};
+  }
+
+  base::Status makeDirectoryFiles() {
+    std::string directory, index;
+    for (const SymbolDefinition& symbol : symbols()) {
+      std::string record = symbol.name;
+      record.resize(8, ' ');
+      directory.append(record).append(kFolderCode);
+      index += symbol.name + " " + symbol.chinese + " " + symbol.letters + " " + symbol.name +
+               " 0 0 0 0 0\r\n";
+    }
+    const fs::path library = folder_ / "Dwglib";
+    for (const char* name : {"dwgdir.dab", "slddir.dab"}) {
+      const base::Status status = base::saveAtomically(library / name, directory);
+      if (!status) return status;
+    }
+    return base::saveAtomically(library / kSymbolFolder / (std::string(kSymbolFolder) + ".idx"),
+                                base::ansiFromWide(base::wideFromUtf8(index)));
+  }
+
+  static void setText(CQuillDpData& tree, const std::wstring& key, const std::wstring& value) {
+    tree.SetSubValueW(key.c_str(), static_cast<std::int16_t>(value.size() + 1), value.c_str(), 0);
+  }
+
+  // Slides are captured later; a library without any is a whole one.
+  base::Status makeSlideLibrary(const fs::path& path) {
+    if (fs::exists(path) || CreateEmptySlideLibrary(base::wideFromPath(path).c_str())) return {};
+    return base::Status::failure(base::utf8FromPath(path) + ": can't be written");
+  }
+
+  base::Status write(CQuillDpData& tree, const fs::path& path) {
+    if (tree.WriteDataToQdpFile(base::wideFromPath(path).c_str())) return {};
+    return base::Status::failure(base::utf8FromPath(path) + ": can't be written");
+  }
+
+  base::Status makeCircuits() {
+    progress_("circuits");
+    CQuillDpData tree;
+    std::wstring names;
+    int count = 0;
+    for (const CircuitDefinition& circuit : circuits()) {
+      const bool isTemplate = circuit.number == "00";
+      const std::wstring name =
+          isTemplate ? L"空" : L"主回路&" + base::wideFromUtf8(circuit.number);
+      setText(tree, L"ZHLLIB\\" + name, base::wideFromUtf8(dataRow(circuit)));
+      if (isTemplate) continue;
+      names += name + kListSeparator;
+      ++count;
+    }
+    setText(tree, L"ZHLSY", names);
+    setText(tree, L"ZHLSY\\长度", std::to_wstring(count));
+    const base::Status status = makeSlideLibrary(library() / "zhllib.slb");
+    return status ? write(tree, library() / "zhllib.qdp") : status;
+  }
+
+  base::Status makeAuxiliary() {
+    progress_("auxiliary symbols");
+    CQuillDpData tree;
+    std::wstring titles;
+    for (const AuxiliaryGroup& group : auxiliaryGroups()) {
+      const base::Status status = makeGroup(group, tree);
+      if (!status) return status;
+      titles += base::wideFromUtf8(group.title) + L"&";
+    }
+    setText(tree, L"索引", titles);
+    setText(tree, L"图标状态", L"0");
+    return write(tree, library() / "zhlFzgn.qdp");
+  }
+
+  base::Status makeGroup(const AuxiliaryGroup& group, CQuillDpData& tree) {
+    const fs::path directory = library() / group.directory;
+    std::error_code error;
+    fs::create_directories(directory, error);
+    const std::wstring key = L"数据\\" + base::wideFromUtf8(group.title);
+    setText(tree, key, base::wideFromUtf8(group.directory));
+    setText(tree, key + L"\\类型", L"0");
+    std::wstring labels;
+    int number = 0;
+    for (const AuxiliaryItem& item : group.items) {
+      const std::string digits = std::to_string(++number);
+      const std::string block = "FG" + group.directory.substr(group.directory.size() - 3) +
+                                std::string(3 - digits.size(), '0') + digits;
+      const base::Status status =
+          save(*makeFigureDrawing(item.figure), directory / (block + ".dwg"));
+      if (!status) return status;
+      const std::wstring label = base::wideFromUtf8(item.label);
+      setText(tree, key + L"\\数据\\" + label, base::wideFromUtf8(block));
+      labels += label + L"&";
+    }
+    setText(tree, key + L"\\索引", labels);
+    return makeSlideLibrary(directory / (group.directory + ".slb"));
+  }
+
+  fs::path folder_;
+  const std::function<void(std::string_view)>& progress_;
+};
+
+}  // namespace
+
+base::Status makeInstall(const fs::path& folder,
+                         const std::function<void(std::string_view)>& progress) {
+  return Installer(folder, progress).run();
+}
+
+base::Status useInstall(const fs::path& folder) {
+  std::error_code error;
+  const fs::path whole = fs::absolute(folder, error);
+  if (!fs::is_directory(whole / "Datcom")) {
+    return base::Status::failure(base::utf8FromPath(folder) +
+                                 ": is no install; make one with 'vornik sample'");
+  }
+  const struct {
+    const wchar_t *section, *name;
+    fs::path path;
+  } values[] = {{L"ZEMMain", L"ZemSys", whole},
+                {L"ZEMMain", L"ZemUse", whole / "User"},
+                {L"Dwglib", L"Dwgdir", whole / "Dwglib"}};
+  for (const auto& value : values) {
+    if (WriteInformation(value.section, value.name, base::wideFromPath(value.path).c_str(), 1) <=
+        0) {
+      return base::Status::failure("the information store can't be written");
+    }
+  }
+  return {};
+}
+
+}  // namespace samples

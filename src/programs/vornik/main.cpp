@@ -1,0 +1,58 @@
+// vornik: the drafting host and the module without windows.
+#include <iostream>
+
+#include "embedded/base/text.h"
+#include "programs/vornik/program.h"
+
+namespace {
+
+struct Row {
+  std::string_view name;
+  int (*run)(const vornik::Words&);
+  std::string_view summary;
+};
+
+constexpr Row kCommands[] = {
+    {"sample", vornik::sampleCommand, "make a complete install with the sample library"},
+    {"run", vornik::runCommand, "feed a script to the command line"},
+    {"place", vornik::placeCommand, "place circuits of the library in a drawing"},
+    {"convert", vornik::convertCommand, "turn a drawing into another file form"},
+    {"row", vornik::rowCommand, "read circuit data rows"},
+};
+
+void printHelp(std::ostream& out) {
+  out << "usage: vornik COMMAND ...\n\n";
+  for (const Row& row : kCommands) {
+    out << "  " << row.name << std::string(10 - row.name.size(), ' ') << row.summary << "\n";
+  }
+  out << "\n'vornik COMMAND --help' tells more.\n";
+}
+
+int run(const vornik::Words& words) {
+  if (words.empty()) {
+    printHelp(std::cerr);
+    return vornik::kWrongUsage;
+  }
+  if (words[0] == "--help") {
+    printHelp(std::cout);
+    return vornik::kDone;
+  }
+  for (const Row& row : kCommands) {
+    if (row.name == words[0]) return row.run({words.begin() + 1, words.end()});
+  }
+  std::cerr << "vornik: there is no command " << words[0] << "\n";
+  printHelp(std::cerr);
+  return vornik::kWrongUsage;
+}
+
+}  // namespace
+
+#ifdef _WIN32
+int wmain(int count, wchar_t** arguments) {
+  vornik::Words words;
+  for (int i = 1; i < count; ++i) words.push_back(base::utf8FromWide(arguments[i]));
+  return run(words);
+}
+#else
+int main(int count, char** arguments) { return run({arguments + 1, arguments + count}); }
+#endif

@@ -1,0 +1,46 @@
+// The headless program's commands. Each takes the arguments behind its name and gives the exit
+// status: 0 done, 1 the work failed (message on standard error), 2 wrong usage.
+#pragma once
+
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "embedded/base/status.h"
+
+namespace vornik {
+
+inline constexpr int kDone = 0, kFailed = 1, kWrongUsage = 2;
+
+using Words = std::vector<std::string>;  // UTF-8
+
+int sampleCommand(const Words& words);
+int runCommand(const Words& words);
+int placeCommand(const Words& words);
+int convertCommand(const Words& words);
+int rowCommand(const Words& words);
+
+// Options of the form --name VALUE taken out of `words`; what is left are the plain arguments.
+class Options {
+ public:
+  // `known` lists the options that take a value, `flags` those that don't, blank-separated.
+  Options(const Words& words, std::string_view known, std::string_view flags = "");
+
+  const std::string* value(std::string_view name) const;  // null if it wasn't given
+  bool flag(std::string_view name) const { return value(name) != nullptr; }
+  const Words& plain() const { return plain_; }
+  const std::string& problem() const { return problem_; }  // empty, or what is wrong
+
+ private:
+  std::vector<std::pair<std::string, std::string>> values_;
+  Words plain_;
+  std::string problem_;
+};
+
+int usageError(std::string_view problem, std::string_view usage);
+int report(const base::Status& status);  // prints a failure; the exit status
+
+// A whole file, or standard input for "-".
+base::Result<std::string> readInput(const std::string& path);
+
+}  // namespace vornik
