@@ -76,7 +76,7 @@ std::string decodeText(std::string_view bytes, int codePage) {
   if (codePage == kPlainUtf8) return std::string(bytes);
   if (!bytes.empty() && bytes.back() == '\0') bytes.remove_suffix(1);
   std::string text = isAscii(bytes) ? std::string(bytes) : base::utf8FromCodePage(bytes, codePage);
-  if (text.find("\\") == std::string::npos) return text;
+  if (text.find('\\') == std::string::npos) return text;
   std::string out;
   for (std::size_t at = 0; at < text.size();) {
     std::size_t length = decodeUnicode(text, at, out);
