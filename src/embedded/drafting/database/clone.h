@@ -11,8 +11,9 @@
 namespace drafting {
 
 struct CloneResult {
-  Handle block = 0;                     // the new block's record
-  std::vector<std::string> leftBehind;  // a sentence for each kind of thing that couldn't come along
+  Handle block = 0;  // the new block's record
+  std::vector<std::string>
+      leftBehind;  // a sentence for each kind of thing that couldn't come along
 };
 
 // Makes a block named `name` in `target` from the model space of `source`, whose insertion base

@@ -41,14 +41,15 @@ AcDbHandle& AcDbHandle::operator=(const wchar_t* text) {
 bool AcDbHandle::getIntoAsciiBuffer(wchar_t* buffer) const {
   int digits = 1;
   while (digits < 16 && value_ >> (4 * digits)) ++digits;
-  for (int i = 0; i < digits; ++i) buffer[i] = L"0123456789ABCDEF"[value_ >> (4 * (digits - 1 - i)) & 15];
+  for (int i = 0; i < digits; ++i)
+    buffer[i] = L"0123456789ABCDEF"[value_ >> (4 * (digits - 1 - i)) & 15];
   buffer[digits] = 0;
   return true;
 }
 
 AcDbDatabase::AcDbDatabase(bool buildDefault, bool)
-    : state_(std::make_shared<AcDbDatabaseState>(buildDefault ? drafting::Database::makeNew()
-                                                              : std::make_unique<drafting::Database>())) {}
+    : state_(std::make_shared<AcDbDatabaseState>(
+          buildDefault ? drafting::Database::makeNew() : std::make_unique<drafting::Database>())) {}
 AcDbDatabase::AcDbDatabase(std::shared_ptr<AcDbDatabaseState> state) : state_(std::move(state)) {}
 AcDbDatabase::~AcDbDatabase() = default;
 
