@@ -137,11 +137,14 @@ function(vornik_test name)
   endif()
 endfunction()
 
-# vornik_fuzz(NAME SOURCES file... [LINK target...]): a libFuzzer target, and a test that runs it
-# VORNIK_FUZZ_RUNS times from fuzz/corpus/NAME. What it finds is kept in fuzz-findings/ of the build.
+# vornik_fuzz(NAME SOURCES file... [LINK target...] [RUNS n]): a libFuzzer target, and a test that runs
+# it n or VORNIK_FUZZ_RUNS times from fuzz/corpus/NAME. What it finds is kept in fuzz-findings/.
 set(VORNIK_FUZZ_RUNS 20000 CACHE STRING "Runs of each fuzz target in a test")
 function(vornik_fuzz name)
-  cmake_parse_arguments(arg "" "" "SOURCES;LINK" ${ARGN})
+  cmake_parse_arguments(arg "" "RUNS" "SOURCES;LINK" ${ARGN})
+  if(NOT arg_RUNS)
+    set(arg_RUNS ${VORNIK_FUZZ_RUNS})
+  endif()
   add_executable(${name} ${arg_SOURCES})
   target_include_directories(${name} PRIVATE ${PROJECT_SOURCE_DIR}/src)
   vornik_link(${name} ${arg_LINK})
@@ -150,7 +153,7 @@ function(vornik_fuzz name)
   set(found ${PROJECT_BINARY_DIR}/fuzz-corpus/${name})
   set(findings ${PROJECT_BINARY_DIR}/fuzz-findings)
   file(MAKE_DIRECTORY ${found} ${findings})
-  add_test(NAME ${name} COMMAND ${name} -runs=${VORNIK_FUZZ_RUNS} -seed=1 -timeout=10
+  add_test(NAME ${name} COMMAND ${name} -runs=${arg_RUNS} -seed=1 -timeout=10
            -rss_limit_mb=2048 -print_final_stats=1 -artifact_prefix=${findings}/${name}-
            ${found} ${PROJECT_SOURCE_DIR}/fuzz/corpus/${name})
   set_tests_properties(${name} PROPERTIES LABELS fuzz TIMEOUT 600)
