@@ -117,6 +117,9 @@ endfunction()
 # doesn't run by itself.
 function(vornik_test_program name)
   cmake_parse_arguments(arg "" "" "SOURCES;LINK" ${ARGN})
+  if(WIN32)
+    list(APPEND arg_SOURCES ${PROJECT_SOURCE_DIR}/tests/windows/crash_report.cpp)
+  endif()
   add_executable(${name} ${arg_SOURCES})
   target_include_directories(${name} PRIVATE ${PROJECT_SOURCE_DIR}/src ${PROJECT_SOURCE_DIR}/tests)
   target_compile_definitions(${name} PRIVATE

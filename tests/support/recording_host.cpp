@@ -9,6 +9,20 @@
 #include "platform/framework_runtime.h"
 #include "platform/framework_text.h"
 
+#ifdef __SANITIZE_ADDRESS__
+#define TEST_UNDER_ASAN
+#elif defined(__has_feature)
+#if __has_feature(address_sanitizer)
+#define TEST_UNDER_ASAN
+#endif
+#endif
+#ifdef TEST_UNDER_ASAN
+// The double stands before the host of the platform library on purpose: the same classes, the same
+// sizes, other functions.
+extern "C" const char* __asan_default_options();
+extern "C" const char* __asan_default_options() { return "detect_odr_violation=1"; }
+#endif
+
 namespace test {
 
 RecordingHost::RecordingHost() {
