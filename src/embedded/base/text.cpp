@@ -16,6 +16,13 @@ void appendWide(std::wstring& out, char32_t c) {
       out += static_cast<wchar_t>(lowSurrogate(c));
       return;
     }
+  } else if (isLowSurrogate(c) && !out.empty()) {
+    // Two three-byte forms that make a pair are one character, as they are in 16 bits.
+    const auto high = static_cast<char32_t>(out.back());
+    if (isHighSurrogate(high)) {
+      out.back() = static_cast<wchar_t>(joinSurrogates(high, c));
+      return;
+    }
   }
   out += static_cast<wchar_t>(c);
 }

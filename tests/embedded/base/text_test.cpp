@@ -26,6 +26,12 @@ TEST(Utf8, ASurrogatePairOfWideTextBecomesOneCharacter) {
   EXPECT_EQ(utf8FromWide(pair), "\xF0\x9F\x98\x80");
 }
 
+TEST(Utf8, TwoThreeByteFormsThatMakeAPairAreOneCharacter) {
+  const std::wstring wide = base::wideFromUtf8("a\xED\xAB\xAB\xED\xB4\xABz");
+  EXPECT_EQ(wide, base::wideFromUtf8("a\xF3\x8A\xB4\xABz"));
+  EXPECT_EQ(base::wideFromUtf8(base::utf8FromWide(wide)), wide);
+}
+
 TEST(Utf8, LoneSurrogatesSurvive) {
   const std::wstring lone = {L'a', static_cast<wchar_t>(0xDCB0), L'b',
                              static_cast<wchar_t>(0xD83D)};
