@@ -62,7 +62,7 @@ void CommandLine::run() {
 // --- asking
 
 Answer CommandLine::ask(const Prompt& prompt) {
-  if (cancelled_) return {};
+  if (cancelled_ && sources_.empty()) return {};
   const Answer answer = sources_.empty() ? askQueue(prompt) : askSource(prompt, *sources_.back());
   remember(prompt, answer);
   return answer;
@@ -158,16 +158,20 @@ bool CommandLine::command(std::span<const Argument> arguments) {
     print(session_.say("\n命令嵌套太深。", "\nCommands are nested too deeply."));
     return false;
   }
+  struct Listed {
+    Listed(std::vector<Source*>& all, Source& one) : all(all) { all.push_back(&one); }
+    ~Listed() { all.pop_back(); }
+    std::vector<Source*>& all;
+  };
   Source source{arguments};
+  const Listed listed(sources_, source);
   bool good = true;
-  sources_.push_back(&source);
   while (good && !source.left.empty()) {
     const auto* name = std::get_if<std::string>(&source.left.front());
     source.left = source.left.subspan(1);
     if (name && name->empty()) continue;
     good = name && runNamed(*name) && !source.ranOut;
   }
-  sources_.pop_back();
   return good;
 }
 
@@ -184,6 +188,27 @@ void CommandLine::runTyped(const std::string& text) {
   }
 }
 
+// A command on its way: its depth and its undo step end also when it is left by an exception.
+class CommandLine::Running {
+ public:
+  Running(CommandLine& line, const Command& command)
+      : line_(line),
+        journal_(command.recordsItself ? nullptr : &line.session_.database().journal()) {
+    ++line_.depth_;
+    if (journal_) journal_->begin(command.name);
+  }
+  ~Running() {
+    if (journal_) journal_->end();
+    --line_.depth_;
+  }
+  Running(const Running&) = delete;
+  Running& operator=(const Running&) = delete;
+
+ private:
+  CommandLine& line_;
+  Journal* journal_;
+};
+
 bool CommandLine::runNamed(std::string name) {
   while (!name.empty() && (name.front() == '_' || name.front() == '.' || name.front() == '\'')) {
     name.erase(0, 1);
@@ -196,16 +221,8 @@ bool CommandLine::runNamed(std::string name) {
   }
   const Command command = *found;  // it may remove its own group
   if (sources_.empty()) lastCommand_ = command.name;
-  ++depth_;
-  if (command.recordsItself) {
-    command.run(session_);
-  } else {
-    Journal& journal = session_.database().journal();
-    journal.begin(command.name);
-    command.run(session_);
-    journal.end();
-  }
-  --depth_;
+  const Running running(*this, command);
+  command.run(session_);
   return true;
 }
 

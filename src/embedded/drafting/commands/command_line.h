@@ -25,7 +25,10 @@ class CommandLine {
   // --- input
   void type(std::string_view utf8) { queue_.append(utf8); }
   void runScript(std::string_view utf8);
-  void cancel();  // what Esc does: the waiting prompt ends cancelled
+  // What Esc does: the waiting prompt ends cancelled, and so do all that follow until the command
+  // line is back at its own prompt; those that have their arguments with them are answered still.
+  void cancel();
+  bool cancelled() const { return cancelled_; }
   std::function<bool()> wait = [] { return false; };
   std::function<void(std::string_view utf8)> output = [](std::string_view) {};
 
@@ -57,6 +60,7 @@ class CommandLine {
   };
   enum class Verdict { Taken, Refused };
 
+  class Running;
   Answer askQueue(const Prompt& prompt);
   Answer askSource(const Prompt& prompt, Source& source);
   Verdict takeTyped(const Prompt& prompt, const InputQueue::Token& token, Answer& answer);

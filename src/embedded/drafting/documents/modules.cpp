@@ -15,6 +15,7 @@ struct Modules::Module {
   AcrxEntryPoint entry = nullptr;
   DynamicLibrary library;
   std::vector<std::pair<std::string, int>> functions;
+  std::vector<std::string> commandGroups;
 };
 
 Modules::Modules(Session& session) : session_(session) {}
@@ -83,6 +84,9 @@ base::Status Modules::unload(std::string_view name) {
   Call call;
   send(*module, AcRx::kUnloadDwgMsg, call);
   send(*module, AcRx::kUnloadAppMsg, call);
+  // What it left registered would lead into code that is gone.
+  for (const auto& [function, code] : module->functions) session_.lisp.undefine(function);
+  for (const std::string& group : module->commandGroups) session_.commands.removeGroup(group);
   std::erase_if(modules_, [module](const auto& one) { return one.get() == module; });
   return {};
 }
@@ -118,6 +122,14 @@ void Modules::send(Module& module, AcRx::AppMsgCode message, Call& call) {
   calls_.pop_back();
 }
 
+void Modules::runCommand(void* package, const std::function<void()>& code) {
+  Call call;
+  call.package = package;
+  calls_.push_back(&call);
+  guarded(code);
+  calls_.pop_back();
+}
+
 void Modules::guarded(const std::function<void()>& code) {
   const int depth = session_.database().journal().depth();
   std::string problem;
@@ -136,7 +148,7 @@ void Modules::guarded(const std::function<void()>& code) {
 }
 
 bool Modules::defineFunction(const std::string& name, int code) {
-  if (calls_.empty() || name.empty()) return false;
+  if (calls_.empty() || !calls_.back()->package || name.empty()) return false;
   auto& module = *static_cast<Module*>(calls_.back()->package);
   std::erase_if(module.functions,
                 [&](const auto& function) { return base::equalsNoCase(function.first, name); });
@@ -149,7 +161,7 @@ bool Modules::defineFunction(const std::string& name, int code) {
 }
 
 bool Modules::undefineFunction(const std::string& name, int code) {
-  if (calls_.empty()) return false;
+  if (calls_.empty() || !calls_.back()->package) return false;
   auto& functions = static_cast<Module*>(calls_.back()->package)->functions;
   const auto found = std::find_if(functions.begin(), functions.end(), [&](const auto& function) {
     return function.second == code && base::equalsNoCase(function.first, name);
@@ -158,6 +170,11 @@ bool Modules::undefineFunction(const std::string& name, int code) {
   functions.erase(found);
   session_.lisp.undefine(name);
   return true;
+}
+
+void Modules::noteCommandGroup(const std::string& group) {
+  if (calls_.empty() || !calls_.back()->package) return;
+  static_cast<Module*>(calls_.back()->package)->commandGroups.push_back(group);
 }
 
 lisp::Value Modules::invoke(Module& module, int code, const std::vector<lisp::Value>& arguments) {

@@ -38,6 +38,7 @@ class Modules {
   // --- what a module asks for while it is called
   bool defineFunction(const std::string& name, int code);
   bool undefineFunction(const std::string& name, int code);
+  void noteCommandGroup(const std::string& group);  // goes with the module
 
   // What is being asked of the module on top of the stack.
   struct Call {
@@ -48,11 +49,13 @@ class Modules {
   };
   Call* currentCall() { return calls_.empty() ? nullptr : calls_.back(); }
 
-  // Runs code of a module with the guards of a call: nothing escapes, groups are closed.
-  void guarded(const std::function<void()>& code);
+  // Runs a command of the module `package` (null: of none) as a call of it.
+  void runCommand(void* package, const std::function<void()>& code);
 
  private:
   struct Module;
+  // Nothing escapes from the code, and undo groups that it left open are closed when it fails.
+  void guarded(const std::function<void()>& code);
   Module* find(std::string_view name) const;
   base::Status start(std::unique_ptr<Module> module);
   void send(Module& module, AcRx::AppMsgCode message, Call& call);

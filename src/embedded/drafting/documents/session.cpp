@@ -33,6 +33,7 @@ Session::Session()
       lisp(*this),
       document_(emptyDocument()) {
   addBuiltinCommands(commands);
+  lisp.interrupted = [this] { return line.cancelled(); };
   g_active = this;
 }
 
@@ -58,7 +59,7 @@ base::Status Session::openDrawing(const std::string& path) {
 }
 
 base::Status Session::saveDrawing(const std::string& path) {
-  const base::Status status = saveDrawingFile(database(), path);
+  base::Status status = saveDrawingFile(database(), path);
   if (status.ok()) {
     document_->path = path;
     database().journal().markSaved();

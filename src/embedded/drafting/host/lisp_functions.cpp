@@ -16,15 +16,18 @@ int answer(lisp::Value value) {
   return RTNORM;
 }
 
+constexpr int kDeepestList = 200;
+
 // Links for one value; lists stand between RTLB and RTLE. The result is where the next link goes.
-resbuf** appendValue(const lisp::Value& value, resbuf** end) {
+// What is nested deeper than kDeepestList comes as nil.
+resbuf** appendValue(const lisp::Value& value, resbuf** end, int depth = 0) {
   const auto append = [&end](int type) {
     *end = acutNewRb(type);
     resbuf* link = *end;
     end = &link->rbnext;
     return link;
   };
-  if (value.isNil()) {
+  if (value.isNil() || depth > kDeepestList) {
     append(RTNIL);
   } else if (const int* whole = value.integer()) {
     // As the host has it, only what 16 bits hold comes as a short integer.
@@ -45,7 +48,7 @@ resbuf** appendValue(const lisp::Value& value, resbuf** end) {
   } else if (value.pair()) {
     append(RTLB);
     for (lisp::Value rest = value; rest.pair(); rest = rest.rest())
-      end = appendValue(rest.first(), end);
+      end = appendValue(rest.first(), end, depth + 1);
     *end = acutNewRb(RTLE);
     end = &(*end)->rbnext;
   } else {

@@ -16,11 +16,16 @@ class CommandStack : public AcEdCommandStack {
  public:
   bool addCommand(const wchar_t* group, const wchar_t* globalName, const wchar_t*, std::int32_t,
                   Function function) override {
-    return Session::active().commands.add(
-        {.name = drafting::utf8(globalName),
-         .run =
-             [function](Session& session) { session.modules.guarded([function] { function(); }); },
-         .group = drafting::utf8(group)});
+    drafting::Modules& modules = Session::active().modules;
+    modules.noteCommandGroup(drafting::utf8(group));
+    void* package = modules.currentCall() ? modules.currentCall()->package : nullptr;
+    return Session::active().commands.add({.name = drafting::utf8(globalName),
+                                           .run =
+                                               [package, function](Session& session) {
+                                                 session.modules.runCommand(
+                                                     package, [function] { function(); });
+                                               },
+                                           .group = drafting::utf8(group)});
   }
   bool removeGroup(const wchar_t* group) override {
     return Session::active().commands.removeGroup(drafting::utf8(group));

@@ -163,7 +163,7 @@ Value load(Interpreter& lisp, const Arguments& a) {
   if (!text.ok()) return a.size() == 2 ? a[1] : lisp.fail(text.message());
   const Outcome outcome =
       lisp.evaluateText(base::isUtf8(*text) ? *text : base::utf8FromCodePage(*text, 936));
-  return outcome.ok() ? *outcome : lisp.fail(outcome.message());
+  return outcome.ok() ? *outcome : lisp.failAgain(outcome.message());
 }
 
 Value polar(Interpreter& lisp, const Arguments& a) {

@@ -10,7 +10,17 @@ namespace {
 
 // Bounds the machine stack that an evaluation takes.
 constexpr int kMaxDepth = 1200;
-constexpr std::size_t kShownExpression = 120;
+constexpr std::size_t kShownExpression = 120;  // bytes
+
+// The expression as it stands behind a message; a long one is cut between two characters.
+std::string shownExpression(const Value& expression) {
+  std::string shown = print(expression);
+  if (shown.size() <= kShownExpression) return shown;
+  std::size_t end = kShownExpression;
+  while (end > 0 && (static_cast<unsigned char>(shown[end]) & 0xC0) == 0x80) --end;
+  shown.resize(end);
+  return shown + "...";
+}
 
 std::string capitals(std::string_view name) {
   std::string out(name);
@@ -34,7 +44,7 @@ Interpreter::Interpreter(Session& session) : session_(session) {
 }
 
 Outcome Interpreter::evaluateText(std::string_view text) {
-  Reader reader(text);
+  Reader reader(text, session_.language == Language::English);
   Value value;
   while (!reader.atEnd()) {
     auto expression = reader.next();
@@ -43,7 +53,7 @@ Outcome Interpreter::evaluateText(std::string_view text) {
           std::string(session_.say("; 错误: LISP 语法: ", "; error: LISP syntax: ")) +
           expression.message());
     }
-    const auto outcome = evaluate(*expression);
+    auto outcome = evaluate(*expression);
     if (!outcome.ok()) return outcome;
     value = *outcome;
   }
@@ -76,10 +86,23 @@ void Interpreter::define(Builtin builtin) {
 
 void Interpreter::undefine(std::string_view name) { variables_.erase(capitals(name)); }
 
+std::vector<std::string> Interpreter::builtinNames() const {
+  std::vector<std::string> names;
+  for (const auto& [name, value] : variables_) {
+    if (value.builtin()) names.push_back(name);
+  }
+  return names;
+}
+
 Value Interpreter::fail(std::string reason) {
   if (!failed()) {
     error_ = std::string(session_.say("; 错误: ", "; error: ")) + std::move(reason);
   }
+  return {};
+}
+
+Value Interpreter::failAgain(std::string message) {
+  if (!failed()) error_ = std::move(message);
   return {};
 }
 
@@ -99,6 +122,9 @@ Value Interpreter::eval(const Value& expression) {
   ++depth_;
   Value value = evalList(expression);
   --depth_;
+  // The innermost expression that failed is the one shown.
+  if (failed() && error_.find('\n') == std::string::npos)
+    error_ += "\n" + shownExpression(expression);
   return value;
 }
 
@@ -113,26 +139,15 @@ Value Interpreter::evalList(const Value& expression) {
   const auto written = expression.rest().items();
   if (!written)
     return fail(std::string(session_.say("点对不能求值", "a dotted pair can't be evaluated")));
-  const bool hadError = failed();
-  Value value;
-  if (function.builtin() && function.builtin()->special) {
-    value = function.builtin()->call(*this, *written);
-  } else {
-    std::vector<Value> arguments;
-    arguments.reserve(written->size());
-    for (const Value& argument : *written) {
-      arguments.push_back(eval(argument));
-      if (failed()) return {};
-    }
-    value = call(function, arguments);
+  if (function.builtin() && function.builtin()->special)
+    return function.builtin()->call(*this, *written);
+  std::vector<Value> arguments;
+  arguments.reserve(written->size());
+  for (const Value& argument : *written) {
+    arguments.push_back(eval(argument));
+    if (failed()) return {};
   }
-  // The innermost expression that failed is the one shown.
-  if (failed() && !hadError && error_.find('\n') == std::string::npos) {
-    std::string shown = print(expression);
-    if (shown.size() > kShownExpression) shown = shown.substr(0, kShownExpression) + "...";
-    error_ += "\n" + shown;
-  }
-  return value;
+  return call(function, arguments);
 }
 
 Value Interpreter::call(const Value& function, const std::vector<Value>& arguments) {

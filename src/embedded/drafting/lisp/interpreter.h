@@ -33,6 +33,7 @@ class Interpreter {
   void set(const std::string& name, Value value);
   void define(Builtin builtin);
   void undefine(std::string_view name);
+  std::vector<std::string> builtinNames() const;  // in no order
 
   // Asked at every call; true ends the evaluation as cancelled (Esc).
   std::function<bool()> interrupted = [] { return false; };
@@ -41,8 +42,9 @@ class Interpreter {
   Session& session() { return session_; }
   Value eval(const Value& expression);  // nil after a failure: look at failed()
   Value call(const Value& function, const std::vector<Value>& arguments);
-  Value progn(const Value& body);  // a list of expressions
-  Value fail(std::string reason);  // the result is nil
+  Value progn(const Value& body);        // a list of expressions
+  Value fail(std::string reason);        // the result is nil
+  Value failAgain(std::string message);  // with the whole message of an inner evaluation
   Value failArgument(const Value& argument, std::string_view wanted);
   bool failed() const { return !error_.empty(); }
   std::string takeError() { return std::exchange(error_, {}); }

@@ -47,13 +47,15 @@ Value nth(Interpreter& lisp, const Arguments& a) {
   return items[static_cast<std::size_t>(*n)];
 }
 
-Value member(Interpreter&, const Arguments& a) {
+Value member(Interpreter& lisp, const Arguments& a) {
+  if (!a[1].isList()) return lisp.failArgument(a[1], "listp");
   Value rest = a[1];
   while (rest.pair() && !equal(rest.first(), a[0])) rest = rest.rest();
   return rest.pair() ? rest : Value();
 }
 
-Value assoc(Interpreter&, const Arguments& a) {
+Value assoc(Interpreter& lisp, const Arguments& a) {
+  if (!a[1].isList()) return lisp.failArgument(a[1], "listp");
   for (Value rest = a[1]; rest.pair(); rest = rest.rest()) {
     if (rest.first().pair() && equal(rest.first().first(), a[0])) return rest.first();
   }

@@ -23,12 +23,9 @@ bool parseWhole(std::string_view text, Number& out) {
 }
 
 bool looksNumeric(std::string_view text) {
-  const std::size_t digit = text.find_first_of("0123456789");
-  return digit != std::string_view::npos && digit <= 2 &&
+  return text.substr(0, 3).find_first_of("0123456789") != std::string_view::npos &&
          text.find_first_not_of("0123456789+-.eE") == std::string_view::npos;
 }
-
-base::Status failure(const char* reason) { return base::Status::failure(reason); }
 
 }  // namespace
 
@@ -56,11 +53,11 @@ base::Result<Value> Reader::next() { return readExpression(0); }
 
 base::Result<Value> Reader::readExpression(int depth) {
   skipBlanks();
-  if (depth > kMaxDepth) return failure("lists are nested too deeply");
-  if (at_ == text_.size()) return failure("the expression ends too early");
+  if (depth > kMaxDepth) return failure("表嵌套太深", "lists are nested too deeply");
+  if (at_ == text_.size()) return failure("表达式不完整", "the expression ends too early");
   switch (text_[at_]) {
     case '(': ++at_; return readList(depth + 1);
-    case ')': ++at_; return failure("there is a ) too many");
+    case ')': ++at_; return failure("多出一个 )", "there is a ) too many");
     case '"': ++at_; return readText();
     case '\'': {
       ++at_;
@@ -76,7 +73,7 @@ base::Result<Value> Reader::readList(int depth) {
   std::vector<Value> items;
   while (true) {
     skipBlanks();
-    if (at_ == text_.size()) return failure("a ) is missing");
+    if (at_ == text_.size()) return failure("缺少 )", "a ) is missing");
     if (text_[at_] == ')') {
       ++at_;
       return Value::list(items);
@@ -91,7 +88,7 @@ base::Result<Value> Reader::readList(int depth) {
     }
     skipBlanks();
     if (items.empty() || at_ == text_.size() || text_[at_] != ')')
-      return failure("a dot is misplaced");
+      return failure("点的位置不对", "a dot is misplaced");
     ++at_;
     return Value::list(items, std::move(*item));
   }
@@ -113,7 +110,7 @@ base::Result<Value> Reader::readText() {
     }
     out += c;
   }
-  if (at_ == text_.size()) return failure("a text isn't closed");
+  if (at_ == text_.size()) return failure("字符串没有结束", "a text isn't closed");
   ++at_;
   return Value(std::move(out));
 }

@@ -10,7 +10,8 @@ namespace drafting::lisp {
 
 class Reader {
  public:
-  explicit Reader(std::string_view text) : text_(text) {}
+  // Messages are in English or else in Chinese.
+  explicit Reader(std::string_view text, bool english = true) : text_(text), english_(english) {}
 
   bool atEnd();  // nothing but white space and comments is left
   // The next expression; fails on unbalanced brackets, open texts and lists nested too deeply.
@@ -22,8 +23,12 @@ class Reader {
   base::Result<Value> readExpression(int depth);
   Value readAtom();
   void skipBlanks();
+  base::Status failure(const char* chinese, const char* english) const {
+    return base::Status::failure(english_ ? english : chinese);
+  }
 
   std::string_view text_;
+  bool english_;
   std::size_t at_ = 0;
 };
 

@@ -9,11 +9,17 @@
 namespace drafting::lisp {
 namespace {
 
+// Bounds what doubling a text in a loop can take.
+constexpr std::size_t kLongestText = std::size_t{16} << 20;
+
 Value strcat(Interpreter& lisp, const Arguments& a) {
   std::string all;
   for (const Value& item : a) {
     const auto* text = textOf(lisp, item);
     if (!text) return {};
+    if (all.size() + text->size() > kLongestText) {
+      return lisp.fail(std::string(lisp.session().say("字符串太长", "the text is too long")));
+    }
     all += *text;
   }
   return all;

@@ -67,16 +67,25 @@ std::string printValue(const Value& value, bool readable, int depth) {
 
 }  // namespace
 
-// A list holds each of its pairs alone as a rule; taking the chain apart pair by pair keeps the
-// destructors from nesting as deep as the list is long.
+// Taking the list apart pair by pair keeps the destructors from nesting as deep as it is long or
+// nested. Pairs that another list shares stay as they are.
 Pair::~Pair() {
-  Value next = std::move(rest);
-  while (next.pair()) {
-    const Pair* pair = next.pair();
-    Value after = pair->rest;
-    pair->rest = Value();
-    next = std::move(after);
+  std::vector<Value> doomed;
+  const auto take = [&doomed](const Pair& pair) {
+    if (pair.first.holdsPairAlone()) doomed.push_back(std::move(pair.first));
+    if (pair.rest.holdsPairAlone()) doomed.push_back(std::move(pair.rest));
+  };
+  take(*this);
+  while (!doomed.empty()) {
+    const Value last = std::move(doomed.back());
+    doomed.pop_back();
+    take(*last.pair());
   }
+}
+
+bool Value::holdsPairAlone() const {
+  const auto* shared = std::get_if<PairPointer>(&data_);
+  return shared && shared->use_count() == 1;
 }
 
 Value Value::cons(Value first, Value rest) {
@@ -108,17 +117,20 @@ std::optional<std::vector<Value>> Value::items() const {
 }
 
 bool equal(const Value& a, const Value& b, double tolerance) {
-  const Value* left = &a;
-  const Value* right = &b;
-  while (left->pair() && right->pair()) {
-    if (!equal(left->pair()->first, right->pair()->first, tolerance)) return false;
-    left = &left->pair()->rest;
-    right = &right->pair()->rest;
+  std::vector<std::pair<const Value*, const Value*>> open{{&a, &b}};
+  while (!open.empty()) {
+    const auto [left, right] = open.back();
+    open.pop_back();
+    if (left->pair() && right->pair()) {
+      open.emplace_back(&left->pair()->rest, &right->pair()->rest);
+      open.emplace_back(&left->pair()->first, &right->pair()->first);
+    } else if (left->isNumber() && right->isNumber()) {
+      if (!(std::abs(left->number() - right->number()) <= tolerance)) return false;
+    } else if (!left->same(*right)) {
+      return false;
+    }
   }
-  if (left->isNumber() && right->isNumber()) {
-    return std::abs(left->number() - right->number()) <= tolerance;
-  }
-  return left->same(*right);
+  return true;
 }
 
 std::string print(const Value& value, bool readable) { return printValue(value, readable, 0); }

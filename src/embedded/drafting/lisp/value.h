@@ -84,6 +84,7 @@ class Value {
   const std::string* text() const { return pointee<const std::string>(); }
   const Symbol* symbol() const { return pointee<const Symbol>(); }
   const Pair* pair() const { return pointee<const Pair>(); }
+  bool holdsPairAlone() const;  // a pair that no other value shares
   const Lambda* lambda() const { return pointee<const Lambda>(); }
   const Builtin* builtin() const { return pointee<const Builtin>(); }
   const EntityName* entity() const { return std::get_if<EntityName>(&data_); }
@@ -113,11 +114,10 @@ class Value {
 
 struct Pair {
   Pair(Value first, Value rest) : first(std::move(first)), rest(std::move(rest)) {}
-  ~Pair();  // without recursion along the list
+  ~Pair();  // without recursion, however long and deep the list is
   Pair(const Pair&) = delete;
   Pair& operator=(const Pair&) = delete;
-  Value first;
-  mutable Value rest;  // changed by the destructor alone
+  mutable Value first, rest;  // changed by the destructor alone
 };
 
 struct Lambda {
