@@ -251,12 +251,8 @@ std::vector<Script> readScripts(const fs::path& path) {
     line = trimmedRight(line);
     if (verbatim) {
       verbatim = line != ": end";
-      const bool typed = verbatim && line.starts_with("< ");
-      scripts.back().steps.push_back({verbatim ? '<' : ':',
-                                      !verbatim ? "end"
-                                      : typed   ? line.substr(2)
-                                                : "",
-                                      number});
+      if (line.starts_with("< ")) line.erase(0, 2);
+      scripts.back().steps.push_back({verbatim ? '<' : ':', verbatim ? line : "end", number});
       continue;
     }
     if (line.empty() || line.front() == ';') continue;

@@ -1,5 +1,7 @@
 #include "support/describe.h"
 
+#include <cmath>
+
 #include "embedded/base/numbers.h"
 #include "embedded/drafting/commands/selection_filter.h"
 #include "embedded/drafting/database/xdata.h"
@@ -10,8 +12,7 @@ namespace {
 using namespace drafting;
 
 std::string shown(double number) {
-  const std::string text = base::formatG(number, 10);
-  return text == "-0" ? "0" : text;
+  return std::abs(number) < 1e-9 ? "0" : base::formatG(number, 10);
 }
 std::string shown(Point2 p) { return shown(p.x) + "," + shown(p.y); }
 std::string shown(const Point3& p) {

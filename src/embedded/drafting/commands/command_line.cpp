@@ -63,7 +63,7 @@ void CommandLine::run() {
 
 Answer CommandLine::ask(const Prompt& prompt) {
   if (cancelled_ && sources_.empty()) return {};
-  const Answer answer = sources_.empty() ? askQueue(prompt) : askSource(prompt, *sources_.back());
+  Answer answer = sources_.empty() ? askQueue(prompt) : askSource(prompt, *sources_.back());
   remember(prompt, answer);
   return answer;
 }
