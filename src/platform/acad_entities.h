@@ -114,8 +114,8 @@ class AcDbLayerTableRecord : public AcDbObject {
 };
 
 // Open calls: eOk with a handle that the caller closes; otherwise the pointer is null.
-// eNotThatKindOfClass when the object isn't an entity; eWasErased unless erased objects are asked
-// for.
+// eNotThatKindOfClass when the object isn't an entity; eWasErased when it is gone; eWasOpenForWrite
+// and eWasOpenForRead when another handle is in the way: a writer must be the only one.
 Acad::ErrorStatus acdbOpenAcDbObject(AcDbObject*& object, AcDbObjectId id, AcDb::OpenMode mode,
                                      bool openErased = false);
 Acad::ErrorStatus acdbOpenAcDbEntity(AcDbEntity*& entity, AcDbObjectId id, AcDb::OpenMode mode,

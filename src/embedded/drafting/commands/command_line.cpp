@@ -1,5 +1,6 @@
 #include "embedded/drafting/commands/command_line.h"
 
+#include <exception>
 #include <utility>
 
 #include "embedded/drafting/commands/answer_parser.h"
@@ -51,10 +52,14 @@ void CommandLine::run() {
     cancelled_ = false;
     if (queue_.empty() && !wait()) return;
     const Answer answer = askQueue(prompt);
-    if (answer.hasValue()) {
-      runTyped(answer.text);
-    } else if (answer.entered() && !lastCommand_.empty()) {
-      runNamed(lastCommand_);
+    try {
+      if (answer.hasValue()) {
+        runTyped(answer.text);
+      } else if (answer.entered() && !lastCommand_.empty()) {
+        runNamed(lastCommand_);
+      }
+    } catch (const std::exception& exception) {  // out of memory: the command ends, not the host
+      print("\n" + std::string(session_.say("内部错误: ", "Internal error: ")) + exception.what());
     }
   }
 }

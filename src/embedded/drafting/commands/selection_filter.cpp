@@ -1,5 +1,8 @@
 #include "embedded/drafting/commands/selection_filter.h"
 
+#include <algorithm>
+#include <iterator>
+
 #include "embedded/base/text.h"
 #include "embedded/drafting/database/xdata.h"
 
@@ -42,8 +45,14 @@ Selection selectAll(const Database& database, const SelectionFilter& filter) {
   const auto take = [&](const Entity* entity) {
     if (entity && passes(database, *entity, filter, layer, app)) found.push_back(entity->handle);
   };
+  const auto* kind = std::find_if(std::begin(kNames), std::end(kNames), [&](const KindName& row) {
+    return base::equalsNoCase(row.name, filter.type);
+  });
   if (app) {
     for (const Handle handle : database.entitiesWithApp(app)) take(database.find<Entity>(handle));
+  } else if (layer && kind != std::end(kNames)) {
+    for (const Handle handle : database.entitiesOnLayer(kind->kind, layer))
+      take(database.find<Entity>(handle));
   } else {
     for (const Entity* entity = database.modelSpace().first; entity; entity = entity->next)
       take(entity);

@@ -140,6 +140,8 @@ void Modules::guarded(const std::function<void()>& code) {
     exception->Delete();
   } catch (const std::exception& exception) {
     problem = exception.what();
+  } catch (...) {
+    problem = session_.say("未知异常", "unknown exception");
   }
   if (problem.empty()) return;
   session_.print("\n" + std::string(session_.say("应用程序错误: ", "Application error: ")) +

@@ -54,14 +54,24 @@ bool readArguments(const Session& session, int type, std::va_list values,
 
 bool fillVariable(const drafting::VariableValue& from, resbuf& link) {
   if (const int* whole = std::get_if<int>(&from)) {
-    link.restype = RTSHORT;
-    link.resval.rint = static_cast<std::int16_t>(*whole);
+    const bool fits = *whole >= -32768 && *whole <= 32767;
+    link.restype = static_cast<std::int16_t>(fits ? RTSHORT : RTLONG);
+    if (fits) {
+      link.resval.rint = static_cast<std::int16_t>(*whole);
+    } else {
+      link.resval.rlong = *whole;
+    }
   } else if (const double* real = std::get_if<double>(&from)) {
     link.restype = RTREAL;
     link.resval.rreal = *real;
   } else if (const auto* text = std::get_if<std::string>(&from)) {
     link.restype = RTSTR;
     link.resval.rstring = acutNewString(base::wideFromUtf8(*text).c_str());
+  } else if (const auto* flat = std::get_if<drafting::Point2>(&from)) {
+    link.restype = RTPOINT;
+    link.resval.rpoint[0] = flat->x;
+    link.resval.rpoint[1] = flat->y;
+    link.resval.rpoint[2] = 0;
   } else if (const auto* point = std::get_if<drafting::Point3>(&from)) {
     link.restype = RT3DPOINT;
     link.resval.rpoint[0] = point->x;

@@ -10,7 +10,22 @@ namespace {
 
 class OpenObject : public AcDbObjectState {
  public:
-  OpenObject(AcDbObjectId id, bool forWrite) : id(id), forWrite(forWrite) {}
+  OpenObject(AcDbObjectId id, bool forWrite)
+      : id(id), forWrite(forWrite), state_(id.stub()->database->shared_from_this()) {
+    forWrite ? void(id.stub()->writer = true) : void(++id.stub()->readers);
+  }
+  ~OpenObject() override {
+    forWrite ? void(id.stub()->writer = false) : void(--id.stub()->readers);
+  }
+
+  // The only reader becomes the writer.
+  bool becomeWriter() {
+    if (forWrite) return true;
+    if (id.stub()->readers != 1) return false;
+    id.stub()->readers = 0;
+    id.stub()->writer = forWrite = true;
+    return true;
+  }
 
   drafting::Database* database() const { return id.stub()->database->database(); }
   template <class T>
@@ -23,6 +38,9 @@ class OpenObject : public AcDbObjectState {
 
   const AcDbObjectId id;
   bool forWrite;
+
+ private:
+  std::shared_ptr<AcDbDatabaseState> state_;  // outlives the drawing, if need be
 };
 
 OpenObject& open(const AcDbObject& object) { return static_cast<OpenObject&>(*object.state()); }
@@ -78,8 +96,7 @@ void AcDbObject::getAcDbHandle(AcDbHandle& handle) const {
 
 Acad::ErrorStatus AcDbObject::upgradeOpen() {
   if (Session::active().faults.fails("upgradeOpen")) return Acad::eWasOpenForRead;
-  open(*this).forWrite = true;
-  return Acad::eOk;
+  return open(*this).becomeWriter() ? Acad::eOk : Acad::eWasOpenForRead;
 }
 
 Acad::ErrorStatus AcDbObject::close() {
@@ -292,7 +309,10 @@ Acad::ErrorStatus acdbOpenAcDbObject(AcDbObject*& object, AcDbObjectId id, AcDb:
   drafting::Object* found;
   const Acad::ErrorStatus status = findForOpen(id, found);
   if (status != Acad::eOk) return status;
-  auto state = std::make_unique<OpenObject>(id, mode == AcDb::kForWrite);
+  const bool forWrite = mode == AcDb::kForWrite;
+  if (id.stub()->writer) return Acad::eWasOpenForWrite;
+  if (forWrite && id.stub()->readers > 0) return Acad::eWasOpenForRead;
+  auto state = std::make_unique<OpenObject>(id, forWrite);
   switch (found->kind) {
     case drafting::Kind::Insert: object = new AcDbBlockReference(std::move(state)); break;
     case drafting::Kind::BlockRecord: object = new AcDbBlockTableRecord(std::move(state)); break;

@@ -11,12 +11,15 @@
 #include "platform/acad.h"
 
 // The entry for one object, handed out as AcDbObjectId; lives as long as its database's state.
+// Counts who has the object open: any number of readers, or one writer.
 struct AcDbStub {
   AcDbDatabaseState* database = nullptr;
   drafting::Handle handle = 0;
+  int readers = 0;
+  bool writer = false;
 };
 
-class AcDbDatabaseState {
+class AcDbDatabaseState : public std::enable_shared_from_this<AcDbDatabaseState> {
  public:
   explicit AcDbDatabaseState(drafting::Database& database) : database_(&database) {}
   explicit AcDbDatabaseState(std::unique_ptr<drafting::Database> own)

@@ -119,9 +119,12 @@ Value Interpreter::eval(const Value& expression) {
     return fail(std::string(session_.say("嵌套太深", "nested too deeply")));
   }
   if (interrupted()) return fail(std::string(session_.say("函数被取消", "function cancelled")));
-  ++depth_;
+  struct Deeper {
+    explicit Deeper(int& depth) : depth(depth) { ++depth; }
+    ~Deeper() { --depth; }
+    int& depth;
+  } const deeper(depth_);
   Value value = evalList(expression);
-  --depth_;
   // The innermost expression that failed is the one shown.
   if (failed() && error_.find('\n') == std::string::npos)
     error_ += "\n" + shownExpression(expression);
