@@ -4,7 +4,8 @@
 //   # Circle is drawn by its radius     starts a test
 //   < CIRCLE 0,0 5      typed, with Enter; a lone < is Enter, <^ is Esc
 //   | Command: CIRCLE   all that was printed since the last such check, line by line
-//   @ CIRCLE 0,0 5      all entities of model space, one a line (describe.h); "@ none"
+//   @ CIRCLE 0,0 5      all entities of model space, one a line (describe.h), # standing for any
+//                       handle; "@ none"
 //   > (+ 1 2)           evaluated by the interpreter itself
 //   = 3                 the value, as PRIN1 shows it
 //   ! message           or the message of its failure, line by line

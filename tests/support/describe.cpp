@@ -12,7 +12,7 @@ namespace {
 using namespace drafting;
 
 std::string shown(double number) {
-  return std::abs(number) < 1e-9 ? "0" : base::formatG(number, 10);
+  return std::abs(number) < 1e-6 ? "0" : base::formatG(number, 10);
 }
 std::string shown(Point2 p) { return shown(p.x) + "," + shown(p.y); }
 std::string shown(const Point3& p) {

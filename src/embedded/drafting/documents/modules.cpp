@@ -180,6 +180,12 @@ void Modules::noteCommandGroup(const std::string& group) {
 }
 
 lisp::Value Modules::invoke(Module& module, int code, const std::vector<lisp::Value>& arguments) {
+  // A function that waits at a prompt isn't entered a second time; the prompt asks again.
+  for (const Call* running : calls_) {
+    if (running->package != &module || running->functionCode != code) continue;
+    session_.print(session_.say("\n此函数正在运行。", "\nThe function is running already."));
+    return {};
+  }
   Call call;
   call.functionCode = code;
   call.arguments = arguments;

@@ -195,7 +195,7 @@ Acad::ErrorStatus AcDbBlockTableRecord::newIterator(AcDbBlockTableRecordIterator
 
 namespace {
 
-void fillItem(const drafting::XDataItem& item, resbuf& link) {
+void fillItem(const drafting::Database& database, const drafting::XDataItem& item, resbuf& link) {
   if (const auto* text = std::get_if<std::string>(&item.value)) {
     link.resval.rstring = acutNewString(base::wideFromUtf8(*text).c_str());
   } else if (const int* whole = std::get_if<int>(&item.value)) {
@@ -210,6 +210,9 @@ void fillItem(const drafting::XDataItem& item, resbuf& link) {
     link.resval.rpoint[0] = point->x;
     link.resval.rpoint[1] = point->y;
     link.resval.rpoint[2] = point->z;
+  } else if (item.code == 1003) {  // a layer goes by its name
+    const auto name = database.recordName(std::get<Handle>(item.value));
+    link.resval.rstring = acutNewString(base::wideFromUtf8(name).c_str());
   } else {
     AcDbHandle handle(std::get<Handle>(item.value));
     wchar_t buffer[AcDbHandle::kAsciiSize];
@@ -257,7 +260,7 @@ resbuf* AcDbObject::xData(const wchar_t* application) const {
   resbuf** end = &first->rbnext;
   for (const drafting::XDataItem& item : *items) {
     *end = acutNewRb(item.code);
-    fillItem(item, **end);
+    fillItem(*object.database(), item, **end);
     end = &(*end)->rbnext;
   }
   return first;

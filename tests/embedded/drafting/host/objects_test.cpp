@@ -217,11 +217,17 @@ TEST_F(HostObjects, ExtendedDataOfEveryKindComesBack) {
   for (const resbuf* a = chain->rbnext; a; a = a->rbnext, b = b->rbnext) {
     ASSERT_NE(b, nullptr);
     EXPECT_EQ(a->restype, b->restype);
-    if (a->restype < 1003) EXPECT_STREQ(a->resval.rstring, b->resval.rstring);
-    if (a->restype == 1011) EXPECT_EQ(b->resval.rpoint[2], 3);
-    if (a->restype == 1041) EXPECT_EQ(b->resval.rreal, 3.5);
-    if (a->restype == 1070) EXPECT_EQ(b->resval.rint, -7);
-    if (a->restype == 1071) EXPECT_EQ(b->resval.rlong, 70000);
+    switch (a->restype) {
+      case 1000:
+      case 1002:
+      case 1003:
+      case 1005: EXPECT_STREQ(a->resval.rstring, b->resval.rstring); break;
+      case 1010:
+      case 1011: EXPECT_EQ(b->resval.rpoint[2], 3); break;
+      case 1070: EXPECT_EQ(a->resval.rint, b->resval.rint); break;
+      case 1071: EXPECT_EQ(a->resval.rlong, b->resval.rlong); break;
+      default: EXPECT_EQ(a->resval.rreal, b->resval.rreal);
+    }
   }
   EXPECT_EQ(b, nullptr);
   acutRelRb(back);
