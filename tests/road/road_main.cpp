@@ -30,11 +30,14 @@ namespace fs = std::filesystem;
 namespace lisp = drafting::lisp;
 using Arguments = std::vector<lisp::Value>;
 
+const wchar_t* const kWholeRow =
+    LR"(("01" "A01" "3P 16A" 10 5 0 "B12" "" 0 -20 90 "&&&&" 0 10 30 10 30 10 30 -20 )"
+    LR"("TEXT" "QF1" 1 3 5 2 0 "KM1" 3 2.5 35 -18 90))";
+
 // By slot. 0 a whole circuit, 1 free, 2 with an unknown block, 3 unreadable, 4 a block alone, 5 a
 // block of blocks by its file name, 6 with an empty text.
 const wchar_t* const kRows[] = {
-    LR"(("01" "A01" "3P 16A" 10 5 0 "B12" "" 0 -20 90 "&&&&" 0 10 30 10 30 10 30 -20 )"
-    LR"("TEXT" "QF1" 1 3 5 2 0 "KM1" 3 2.5 35 -18 90))",
+    kWholeRow,
     nullptr,
     LR"(("03" "A01" "" 0 0 0 "C99" "" 0 0 0 "B12" "" 0 0 0 "&&&&" 0 0 1 1 "TEXT" "QF1" 1 3 5 2 0))",
     L"bad",
@@ -89,7 +92,7 @@ class Library {
     for (const wchar_t* row : kRows) {
       ++number;
       const std::wstring name = L"主回路&0" + std::to_wstring(number);
-      if (row) storeText(tree, (L"ZHLLIB\\" + name).c_str(), row);
+      if (row) storeText(tree, L"ZHLLIB\\" + name, row);
       names += (row ? name : L"") + L"\x03";
     }
     storeText(tree, L"ZHLSY", names);
@@ -108,10 +111,10 @@ class Library {
       save(*samples::makeFigureDrawing({{'C', {0, 0, 2}, ""}}),
            install_.library() / folder / (block + ".dwg"));
       const std::wstring key = L"数据\\" + group;
-      storeText(tree, key.c_str(), base::wideFromUtf8(folder));
-      storeText(tree, (key + L"\\类型").c_str(), L"0");
-      storeText(tree, (key + L"\\索引").c_str(), L"item&");
-      storeText(tree, (key + L"\\数据\\item").c_str(), base::wideFromUtf8(block));
+      storeText(tree, key, base::wideFromUtf8(folder));
+      storeText(tree, key + L"\\类型", L"0");
+      storeText(tree, key + L"\\索引", L"item&");
+      storeText(tree, key + L"\\数据\\item", base::wideFromUtf8(block));
     }
     tree.WriteDataToQdpFile(test::Install::wide(install_.library() / "zhlFzgn.qdp").c_str());
   }
