@@ -17,6 +17,7 @@ constexpr Row kCommands[] = {
     {"run", vornik::runCommand, "feed a script to the command line"},
     {"place", vornik::placeCommand, "place circuits of the library in a drawing"},
     {"convert", vornik::convertCommand, "turn a drawing into another file form"},
+    {"plot", vornik::plotCommand, "turn a drawing into a PDF, SVG or PNG"},
     {"row", vornik::rowCommand, "read circuit data rows"},
 };
 

@@ -18,6 +18,7 @@ int sampleCommand(const Words& words);
 int runCommand(const Words& words);
 int placeCommand(const Words& words);
 int convertCommand(const Words& words);
+int plotCommand(const Words& words);
 int rowCommand(const Words& words);
 
 // Options of the form --name VALUE taken out of `words`; what is left are the plain arguments.

@@ -1,0 +1,75 @@
+// DisplayList: a drawing's picture: strokes, filled areas and texts in drawing units, with colour
+// indexes. Made from a Database once, painted on canvases as often as wanted.
+#pragma once
+
+#include <map>
+#include <span>
+#include <string>
+#include <vector>
+
+#include "embedded/base/canvas.h"
+#include "embedded/drafting/database/database.h"
+#include "embedded/drafting/display/palette.h"
+
+namespace drafting {
+
+using base::Affine2;
+using base::Box2;
+
+struct DisplayOptions {
+  double tolerance = 0;            // of curves, in drawing units; 0: 64 pieces a full circle
+  bool forPlot = false;            // leaves out layers that aren't plotted
+  std::size_t limit = 20'000'000;  // most steps; what comes behind isn't in the list
+};
+
+class DisplayList {
+ public:
+  enum class Kind : std::uint8_t { Stroke, Area, Label };
+  struct Item {
+    Kind kind = Kind::Stroke;
+    std::int16_t colour = 7;      // 1 to 255
+    std::int16_t lineweight = 0;  // hundredths of a millimetre
+    std::uint32_t first = 0;      // point, or label
+    std::uint32_t count = 0;      // of points
+  };
+  struct Label {
+    std::string text;
+    Affine2 place;  // as Words have it, in drawing units
+    double advance = 0;
+  };
+
+  // The picture of what stands in model space.
+  static DisplayList of(const Database& database, const DisplayOptions& options = {});
+
+  const std::vector<Item>& items() const { return items_; }
+  std::span<const Point2> points(const Item& item) const {
+    return {points_.data() + item.first, item.count};
+  }
+  const Label& label(const Item& item) const { return labels_[item.first]; }
+  const Box2& bounds() const { return bounds_; }  // of strokes and areas
+
+  // Kinds of entities that have no picture yet, with how many of them there are.
+  const std::map<std::string, int>& notShown() const { return notShown_; }
+  bool cut() const { return cut_; }  // the limit was reached
+
+ private:
+  friend class ListBuilder;
+  std::vector<Item> items_;
+  std::vector<Point2> points_;
+  std::vector<Label> labels_;
+  Box2 bounds_;
+  std::map<std::string, int> notShown_;
+  bool cut_ = false;
+};
+
+struct PaintStyle {
+  Palette palette{Background::White, false};
+  double unitsPerMillimetre = 1;  // of the canvas, for lineweights
+  double thinnest = 0.1;          // in units of the canvas
+};
+
+// `map` leads from the drawing to the canvas.
+void paint(const DisplayList& list, const Affine2& map, const PaintStyle& style,
+           base::Canvas& canvas);
+
+}  // namespace drafting

@@ -1,0 +1,28 @@
+// Colour indexes (1 to 255) as colours of the screen or of paper.
+#pragma once
+
+#include "embedded/base/canvas.h"
+
+namespace drafting {
+
+enum class Background { White, Black };
+
+class Palette {
+ public:
+  Palette(Background background, bool monochrome)
+      : background_(background), monochrome_(monochrome) {}
+
+  base::Rgb background() const;
+  // Index 7 is the one that stands out against the background. On white, colours too bright to be
+  // read (yellow, green, cyan) are darkened; their hue stays.
+  base::Rgb operator()(int index) const;
+
+ private:
+  Background background_;
+  bool monochrome_;
+};
+
+// The colour of an index as the screen shows it on black.
+base::Rgb screenColour(int index);
+
+}  // namespace drafting

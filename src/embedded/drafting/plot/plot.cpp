@@ -1,0 +1,211 @@
+// From options to a page: its size, the map from the drawing, the canvas of the file's form.
+#include "embedded/drafting/plot/plot.h"
+
+#include <array>
+#include <cmath>
+
+#include "embedded/base/files.h"
+#include "embedded/base/numbers.h"
+#include "embedded/base/paths.h"
+#include "embedded/base/text.h"
+#include "embedded/drafting/plot/bitmap_canvas.h"
+#include "embedded/drafting/plot/pdf_canvas.h"
+#include "embedded/drafting/plot/svg_canvas.h"
+
+namespace drafting {
+namespace {
+
+// Sheets by area, upright; the elongated ones hold a row of circuits.
+struct Sheet {
+  std::string_view name;
+  Paper paper;
+};
+constexpr std::array<Sheet, 14> kSheets{{{"A4", {210, 297}},
+                                         {"A3", {297, 420}},
+                                         {"A4x3", {297, 630}},
+                                         {"A2", {420, 594}},
+                                         {"A4x4", {297, 841}},
+                                         {"A4x5", {297, 1051}},
+                                         {"A3x3", {420, 891}},
+                                         {"A1", {594, 841}},
+                                         {"A3x4", {420, 1189}},
+                                         {"A2x3", {594, 1261}},
+                                         {"A0", {841, 1189}},
+                                         {"A2x4", {594, 1682}},
+                                         {"A1x3", {841, 1783}},
+                                         {"A0x2", {1189, 1682}}}};
+constexpr double kMargin = 10;  // millimetres
+constexpr double kThinnestOnPaper = 0.13, kThinnestInPixels = 1;
+constexpr double kCurveError = 0.01;  // millimetres on the sheet
+constexpr double kSmallest = 1e-6;    // a drawing of no extent is shown this large
+constexpr int kMostPixels = 30000;
+
+enum class Form { Pdf, Svg, Png, Unknown };
+
+Form formOf(const std::string& path) {
+  const std::wstring name = base::wideFromUtf8(path);
+  const auto extension = base::extensionOf(name);
+  if (base::equalsNoCase(extension, L".pdf")) return Form::Pdf;
+  if (base::equalsNoCase(extension, L".svg")) return Form::Svg;
+  return base::equalsNoCase(extension, L".png") ? Form::Png : Form::Unknown;
+}
+
+// Size of the page in the canvas's units, and the way there.
+struct Page {
+  double width = 0, height = 0;
+  double unitsPerMillimetre = 1;
+  Affine2 map;
+  double scale = 1;  // of the map
+};
+
+Box2 extentsOf(const DisplayList& list, const PlotOptions& options) {
+  if (options.window) return *options.window;
+  return list.bounds().empty() ? Box2{{0, 0}, {420, 297}} : list.bounds();
+}
+
+void placeInMiddle(Page& page, const Box2& box, double scale) {
+  const Point2 middle = box.centre();
+  page.scale = scale;
+  page.map = {
+      scale, 0, 0, scale, page.width / 2 - middle.x * scale, page.height / 2 - middle.y * scale};
+}
+
+double fittingScale(const Page& page, const Box2& box, double margin) {
+  const double width = std::max(box.width(), kSmallest), height = std::max(box.height(), kSmallest);
+  return std::min(std::max(page.width - 2 * margin, page.width / 2) / width,
+                  std::max(page.height - 2 * margin, page.height / 2) / height);
+}
+
+bool isTurned(const Box2& box, const PlotOptions& options, Paper paper) {
+  return !options.keepUpright && (box.width() > box.height()) != (paper.width > paper.height);
+}
+
+// A scale of 0 is the one that fits.
+Page pageOnPaper(const Box2& box, const PlotOptions& options, Paper paper, double scale) {
+  if (isTurned(box, options, paper)) std::swap(paper.width, paper.height);
+  Page page{paper.width, paper.height, 1, {}, 1};
+  placeInMiddle(page, box, scale > 0 ? scale : fittingScale(page, box, kMargin));
+  return page;
+}
+
+// The smallest sheet that takes the drawing at that scale; if none does, the one that shows it
+// largest.
+Page pageOnSmallestSheet(const Box2& box, const PlotOptions& options, double scale) {
+  Page largest;
+  largest.scale = 0;
+  for (const Sheet& sheet : kSheets) {
+    const Page page = pageOnPaper(box, options, sheet.paper, 0);
+    if (page.scale >= scale) return pageOnPaper(box, options, sheet.paper, scale);
+    if (page.scale > largest.scale) largest = page;
+  }
+  if (options.scale > 0) placeInMiddle(largest, box, options.scale);
+  return largest;
+}
+
+// Millimetres to a drawing unit at the drawing's own print scale.
+double printScale(const Database& database) {
+  const double unitsPerMillimetre = database.header.real("DIMSCALE");
+  return unitsPerMillimetre > 0 && std::isfinite(unitsPerMillimetre) ? 1 / unitsPerMillimetre : 1;
+}
+
+Page sheetOf(const Box2& box, const PlotOptions& options, double printScale) {
+  if (options.paper) return pageOnPaper(box, options, *options.paper, options.scale);
+  return pageOnSmallestSheet(box, options, options.scale > 0 ? options.scale : printScale);
+}
+
+// A bitmap as wide as asked and as high as the sheet, or else the drawing, needs.
+Page pageOfPixels(const Box2& box, const PlotOptions& options, double printScale) {
+  Page page;
+  page.width = options.pixels;
+  if (options.paper) {
+    const Page sheet = sheetOf(box, options, printScale);
+    page.unitsPerMillimetre = page.width / sheet.width;
+    page.height = std::max(1.0, std::round(sheet.height * page.unitsPerMillimetre));
+    placeInMiddle(page, box, sheet.scale * page.unitsPerMillimetre);
+    return page;
+  }
+  const double margin = page.width * 0.02;
+  const double fitting = (page.width - 2 * margin) / std::max(box.width(), kSmallest);
+  page.height = std::max(1.0, std::round(box.height() * fitting + 2 * margin));
+  page.unitsPerMillimetre = fitting / printScale;
+  placeInMiddle(page, box, fitting);
+  return page;
+}
+
+base::Result<std::string> pictureOf(const DisplayList& list, const Page& page, Form form,
+                                    const PlotOptions& options) {
+  PaintStyle style;
+  style.palette = Palette(options.background, options.monochrome);
+  style.unitsPerMillimetre = page.unitsPerMillimetre;
+  style.thinnest = form == Form::Png ? kThinnestInPixels : kThinnestOnPaper;
+  const base::Rgb background = style.palette.background();
+  if (form == Form::Svg) {
+    SvgCanvas canvas(page.width, page.height, background);
+    paint(list, page.map, style, canvas);
+    return canvas.finish();
+  }
+  if (form == Form::Pdf) {
+    std::vector<PdfCanvas> pages;
+    pages.emplace_back(page.width, page.height, background);
+    paint(list, page.map, style, pages[0]);
+    return makePdf(std::move(pages));
+  }
+  auto canvas =
+      BitmapCanvas::make(static_cast<int>(page.width), static_cast<int>(page.height), background);
+  if (!canvas.ok()) return canvas.status();
+  paint(list, page.map, style, **canvas);
+  return (*canvas)->finish();
+}
+
+void tellWhatIsMissing(const DisplayList& list, const std::function<void(std::string_view)>& note) {
+  if (list.items().empty()) note("the drawing shows nothing");
+  for (const auto& [kind, count] : list.notShown()) {
+    note(std::to_string(count) + " of kind " + (kind.empty() ? "unknown" : kind) +
+         " are not shown");
+  }
+  if (list.cut()) note("the drawing is too large to be shown whole");
+}
+
+}  // namespace
+
+std::optional<Paper> parsePaper(std::string_view text) {
+  constexpr double kLeast = 10, kMost = 14400 / 72.0 * 25.4;  // readers of PDF take no larger page
+  for (const Sheet& sheet : kSheets) {
+    if (base::equalsNoCase(sheet.name, text)) return sheet.paper;
+  }
+  const std::size_t cross = text.find_first_of("xX");
+  if (cross == std::string_view::npos) return {};
+  const auto width = base::parseDouble(text.substr(0, cross));
+  const auto height = base::parseDouble(text.substr(cross + 1));
+  if (width.length != cross || height.length != text.size() - cross - 1) return {};
+  const auto possible = [](double size) { return size >= kLeast && size <= kMost; };
+  if (!possible(width.value) || !possible(height.value)) return {};
+  return Paper{width.value, height.value};
+}
+
+base::Status plotDrawing(const Database& database, const std::string& path,
+                         const PlotOptions& options,
+                         const std::function<void(std::string_view)>& note) {
+  const Form form = formOf(path);
+  if (form == Form::Unknown) {
+    return base::Status::failure(path + ": plots are .pdf, .svg or .png files");
+  }
+  DisplayOptions display;
+  display.forPlot = true;
+  const Box2 box = extentsOf(DisplayList::of(database, display), options);
+  const double scale = printScale(database);
+  const Page page =
+      form == Form::Png ? pageOfPixels(box, options, scale) : sheetOf(box, options, scale);
+  if (form == Form::Png && (page.width > kMostPixels || page.height > kMostPixels)) {
+    return base::Status::failure(path + ": the picture would be larger than " +
+                                 std::to_string(kMostPixels) + " pixels");
+  }
+  display.tolerance = kCurveError * page.unitsPerMillimetre / page.scale;
+  const DisplayList list = DisplayList::of(database, display);
+  if (note) tellWhatIsMissing(list, note);
+  const auto picture = pictureOf(list, page, form, options);
+  if (!picture.ok()) return base::Status::failure(path + ": " + picture.message());
+  return base::saveAtomically(base::resolvePath(base::wideFromUtf8(path)), *picture);
+}
+
+}  // namespace drafting

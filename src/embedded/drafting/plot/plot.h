@@ -1,0 +1,41 @@
+// Plots: a drawing as a PDF, SVG or PNG file.
+#pragma once
+
+#include <functional>
+#include <optional>
+#include <string>
+#include <string_view>
+
+#include "embedded/base/status.h"
+#include "embedded/drafting/display/display_list.h"
+
+namespace drafting {
+
+// A sheet in millimetres.
+struct Paper {
+  double width = 0, height = 0;
+};
+
+// "A0" to "A4", elongated "A4x3" and the like (any case), or "WIDTHxHEIGHT" in millimetres; nothing
+// for anything else.
+std::optional<Paper> parsePaper(std::string_view text);
+
+struct PlotOptions {
+  // Without one PDF and SVG take the smallest sheet that holds the drawing at its print scale (the
+  // variable DIMSCALE), and a PNG is as high as the drawing needs.
+  std::optional<Paper> paper;
+  bool keepUpright = false;    // the sheet isn't turned to suit the drawing
+  std::optional<Box2> window;  // in drawing units; else everything
+  double scale = 0;            // millimetres to a drawing unit; 0: as large as fits the paper
+  int pixels = 2000;           // width of a PNG
+  bool monochrome = false;
+  Background background = Background::White;
+};
+
+// The form goes by the extension of `path` (UTF-8). Saved atomically, an old file becomes the
+// backup. What the picture leaves out goes to `note`.
+base::Status plotDrawing(const Database& database, const std::string& path,
+                         const PlotOptions& options,
+                         const std::function<void(std::string_view)>& note = {});
+
+}  // namespace drafting

@@ -1,0 +1,216 @@
+// Texts: glyphs, codes, places, paragraphs.
+#include "embedded/drafting/display/mtext_layout.h"
+#include "embedded/drafting/display/picture_fixture.h"
+#include "embedded/drafting/display/stroke_font.h"
+#include "embedded/drafting/display/text_layout.h"
+
+namespace drafting {
+namespace {
+
+TEST(StrokeFont, HasLatinDigitsSignsAndChinese) {
+  for (char32_t c = U'!'; c <= U'~'; ++c) {
+    EXPECT_TRUE(hasGlyph(c)) << static_cast<unsigned>(c);
+    EXPECT_FALSE(glyphOf(c).strokes.empty()) << static_cast<unsigned>(c);
+  }
+  for (const char32_t c : U"变压器进线电动机照明备用母联络互感电容补偿°±Ω，（）") {
+    if (c != 0) EXPECT_TRUE(hasGlyph(c)) << static_cast<unsigned>(c);
+  }
+}
+
+TEST(StrokeFont, CapitalsStandBetweenBaselineAndHeight) {
+  for (const char32_t c : {U'H', U'E', U'Z', U'8'}) {
+    Box2 box;
+    for (const auto& stroke : glyphOf(c).strokes) {
+      for (const Point2 point : stroke) box.add(point);
+    }
+    EXPECT_NEAR(box.min.y, 0, 1e-9);
+    EXPECT_NEAR(box.max.y, 1, 1e-9);
+    EXPECT_GT(box.min.x, 0);
+    EXPECT_LT(box.max.x, glyphOf(c).advance);
+  }
+}
+
+TEST(StrokeFont, BlankAdvancesWithoutStrokes) {
+  EXPECT_TRUE(glyphOf(U' ').strokes.empty());
+  EXPECT_GT(glyphOf(U' ').advance, 0.5);
+}
+
+TEST(StrokeFont, ChineseCharactersHaveTheirStrokes) {
+  EXPECT_EQ(glyphOf(U'一').strokes.size(), 1u);
+  EXPECT_EQ(glyphOf(U'十').strokes.size(), 2u);
+  EXPECT_EQ(glyphOf(U'电').strokes.size(), 5u);
+  EXPECT_GT(glyphOf(U'电').advance, 1);
+}
+
+TEST(StrokeFont, MissingCharacterIsABox) {
+  ASSERT_FALSE(hasGlyph(U'龘'));
+  ASSERT_EQ(glyphOf(U'龘').strokes.size(), 1u);
+  EXPECT_EQ(glyphOf(U'龘').strokes[0].front(), glyphOf(U'龘').strokes[0].back());
+  EXPECT_EQ(glyphOf(U'龘').advance, glyphOf(U'电').advance);
+  EXPECT_EQ(glyphOf(U'\u00e9').strokes.size(), 1u);
+  EXPECT_LT(glyphOf(U'\u00e9').advance, 1);
+}
+
+TEST(StrokeFont, FullWidthFormsAreTheLatinOnesInTheMiddleOfACell) {
+  EXPECT_EQ(glyphOf(U'Ａ').advance, glyphOf(U'电').advance);
+  EXPECT_EQ(glyphOf(U'Ａ').strokes.size(), glyphOf(U'A').strokes.size());
+}
+
+TEST(TextLine, CodesBecomeTheirCharacters) {
+  EXPECT_EQ(layOutLine("%%d%%D%%p%%c%%%").plain, "°°±Ø%");
+  EXPECT_EQ(layOutLine("%%065\\U+7535").plain, "A电");
+}
+
+TEST(TextLine, UnfinishedCodesStayAsTheyAre) {
+  EXPECT_EQ(layOutLine("50%%").plain, "50%%");
+  EXPECT_EQ(layOutLine("%%12").plain, "%%12");
+  EXPECT_EQ(layOutLine("\\U+75").plain, "\\U+75");
+  EXPECT_EQ(layOutLine("%%x").plain, "%%x");
+  EXPECT_EQ(layOutLine("%%000").plain, "%%000");
+}
+
+TEST(TextLine, UnderlineRunsFromToggleToToggle) {
+  const TextLine line = layOutLine("A%%uBC%%uD");
+  const auto& rule = line.strokes[glyphOf(U'A').strokes.size() + glyphOf(U'B').strokes.size() +
+                                  glyphOf(U'C').strokes.size()];
+  EXPECT_EQ(line.plain, "ABCD");
+  EXPECT_NEAR(rule[0].x, glyphOf(U'A').advance, 1e-9);
+  EXPECT_NEAR(rule[1].x, line.advance - glyphOf(U'D').advance, 1e-9);
+  EXPECT_LT(rule[0].y, 0);
+}
+
+TEST(TextLine, OverlineLeftOpenRunsToTheEnd) {
+  const TextLine line = layOutLine("%%oI");
+  EXPECT_NEAR(line.strokes.back()[1].x, line.advance, 1e-9);
+  EXPECT_GT(line.strokes.back()[0].y, 1);
+}
+
+class Texts : public PictureTest {
+ protected:
+  // An "I" of height 21 is one stroke 4 to the right of its start, 8 wide, 21 high.
+  Text letter() { return text("I", 21); }
+};
+
+TEST_F(Texts, StandsOnItsBaseline) {
+  Text one = letter();
+  one.position = {10, 20};
+  add(one);
+  EXPECT_EQ(points().size(), 2u);
+  expectBox(shown().bounds(), {14, 20}, {14, 41});
+}
+
+TEST_F(Texts, WidthFactorRotationAndObliqueAreKept) {
+  Text one = letter();
+  one.widthFactor = 0.5;
+  one.rotation = base::radians(90);
+  one.oblique = base::radians(45);
+  add(one);
+  // Slanted, the top leads the foot by the height; turned, "up" is to the left.
+  expectBox(shown().bounds(), {-21, 2}, {0, 23});
+}
+
+TEST_F(Texts, JustificationIsRelativeToTheAlignmentPoint) {
+  const struct {
+    std::int16_t horizontal, vertical;
+    Point2 foot;
+  } cases[] = {{1, 0, {0, 0}},   {2, 0, {-4, 0}},    {0, 1, {4, 7}},  {0, 2, {4, -10.5}},
+               {0, 3, {4, -21}}, {4, 0, {0, -10.5}}, {1, 3, {0, -21}}};
+  for (const auto& one : cases) {
+    db = Database::makeNew();
+    Text aligned = letter();
+    aligned.position = {-1000, -1000};
+    aligned.alignment = {50, 60};
+    aligned.horizontal = one.horizontal;
+    aligned.vertical = one.vertical;
+    add(aligned);
+    expectNear(shown().bounds().min, Point2{50, 60} + one.foot);
+  }
+}
+
+TEST_F(Texts, FitTextFillsTheWayBetweenItsPoints) {
+  Text fit = letter();
+  fit.horizontal = 5;
+  fit.position = {0, 0};
+  fit.alignment = {16, 0};  // twice the letter's width
+  add(fit);
+  expectBox(shown().bounds(), {8, 0}, {8, 21});
+}
+
+TEST_F(Texts, AlignedTextGrowsAndTurnsWithItsPoints) {
+  Text aligned = letter();
+  aligned.horizontal = 3;
+  aligned.alignment = {0, 16};
+  add(aligned);
+  expectBox(shown().bounds(), {-42, 8}, {0, 8});
+}
+
+TEST_F(Texts, BackwardsAndUpsideDownMirror) {
+  Text one = letter();
+  one.generation = 2 | 4;
+  add(one);
+  expectBox(shown().bounds(), {-4, -21}, {-4, 0});
+}
+
+TEST_F(Texts, TextOfAMirroredBlockIsMirrored) {
+  BlockRecord& record = block("A");
+  add(record, letter());
+  Insert insert = insertOf(record, {0, 0});
+  insert.scale = {-1, 1, 1};
+  add(insert);
+  expectBox(shown().bounds(), {-4, 0}, {-4, 21});
+}
+
+TEST_F(Texts, LabelCarriesTextPlaceAndLength) {
+  Text one = text("QF1", 2);
+  one.position = {10, 20};
+  add(one);
+  const auto list = shown();
+  const auto& label = list.label(list.items().back());
+  EXPECT_EQ(label.text, "QF1");
+  expectNear(label.place({0, 0}), {10, 20});
+  expectNear(label.place({0, 1}), {10, 22});
+  EXPECT_NEAR(label.advance, (22 + 18 + 20) / 21.0, 1e-9);
+}
+
+TEST_F(Texts, TextWithoutHeightShowsNothing) {
+  add(text("ABC", 0));
+  EXPECT_EQ(shown().bounds().height(), 0);
+}
+
+TEST(Paragraphs, CodesAreTakenOut) {
+  EXPECT_EQ(plainOfMText("{\\fSimSun|b0;\\H2.5x;Main}\\Pcircuit\\~1"), "Main\ncircuit 1");
+  EXPECT_EQ(plainOfMText("a\\\\b\\{c\\}"), "a\\b{c}");
+  EXPECT_EQ(plainOfMText("\\S1/2; \\S+0.1^-0.2;\\Lu\\l"), "1/2 +0.1/-0.2u");
+  EXPECT_EQ(plainOfMText("\\A1;\\C3;x\\"), "x\\");
+}
+
+TEST(Paragraphs, LinesAreWrappedAndStacked) {
+  MText text;
+  text.height = 21;
+  text.width = 21 * 3;
+  text.text = "III III III";
+  const auto lines = layOutParagraph(text);
+  ASSERT_EQ(lines.size(), 3u);
+  EXPECT_EQ(lines[0].line.plain, "III ");
+  expectNear(lines[0].place({0, 0}), {0, -21});
+  expectNear(lines[1].place({0, 0}), {0, -21 - 35});
+}
+
+TEST(Paragraphs, ChineseBreaksBetweenCharacters) {
+  MText text;
+  text.height = 1;
+  text.width = 2.6;  // two characters
+  text.text = "变压器进线";
+  EXPECT_EQ(layOutParagraph(text).size(), 3u);
+}
+
+TEST(Paragraphs, AttachmentInTheMiddleCentres) {
+  MText text;
+  text.height = 21;
+  text.text = "I";
+  text.attachment = 5;
+  expectNear(layOutParagraph(text)[0].place({0, 0}), {-4, -10.5});
+}
+
+}  // namespace
+}  // namespace drafting
