@@ -1,6 +1,11 @@
 // vornik: the drafting host and the module without windows.
 #include <iostream>
 
+#ifdef _WIN32
+#include <fcntl.h>
+#include <io.h>
+#endif
+
 #include "embedded/base/text.h"
 #include "programs/vornik/program.h"
 
@@ -16,7 +21,9 @@ constexpr Row kCommands[] = {
     {"sample", vornik::sampleCommand, "make a complete install with the sample library"},
     {"run", vornik::runCommand, "feed a script to the command line"},
     {"place", vornik::placeCommand, "place circuits of the library in a drawing"},
+    {"dump", vornik::dumpCommand, "print every object of a drawing"},
     {"convert", vornik::convertCommand, "turn a drawing into another file form"},
+    {"bom", vornik::bomCommand, "count models by symbol: the parts list"},
     {"plot", vornik::plotCommand, "turn a drawing into a PDF, SVG or PNG"},
     {"row", vornik::rowCommand, "read circuit data rows"},
 };
@@ -50,6 +57,9 @@ int run(const vornik::Words& words) {
 
 #ifdef _WIN32
 int wmain(int count, wchar_t** arguments) {
+  // Line ends are what the commands write, on every system.
+  _setmode(_fileno(stdin), _O_BINARY);
+  _setmode(_fileno(stdout), _O_BINARY);
   vornik::Words words;
   for (int i = 1; i < count; ++i) words.push_back(base::utf8FromWide(arguments[i]));
   return run(words);

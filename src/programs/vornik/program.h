@@ -18,6 +18,8 @@ int sampleCommand(const Words& words);
 int runCommand(const Words& words);
 int placeCommand(const Words& words);
 int convertCommand(const Words& words);
+int dumpCommand(const Words& words);
+int bomCommand(const Words& words);
 int plotCommand(const Words& words);
 int rowCommand(const Words& words);
 

@@ -36,8 +36,10 @@ constexpr std::array<Sheet, 14> kSheets{{{"A4", {210, 297}},
                                          {"A0x2", {1189, 1682}}}};
 constexpr double kMargin = 10;  // millimetres
 constexpr double kThinnestOnPaper = 0.13, kThinnestInPixels = 1;
-constexpr double kCurveError = 0.01;  // millimetres on the sheet
-constexpr double kSmallest = 1e-6;    // a drawing of no extent is shown this large
+constexpr double kCurveError = 0.01;       // millimetres on the sheet
+constexpr double kSmallest = 1e-6;         // a drawing of no extent is shown this large
+constexpr double kMostEnlarged = 4;        // against the print scale
+constexpr double kNarrowestPicture = 200;  // millimetres that a PNG's width stands for at least
 constexpr int kMostPixels = 30000;
 
 enum class Form { Pdf, Svg, Png, Unknown };
@@ -102,6 +104,14 @@ Page pageOnSmallestSheet(const Box2& box, const PlotOptions& options, double sca
   return largest;
 }
 
+// Without wishes the print scale, save for a drawing that would be lost on the smallest sheet.
+Page pageAtPrintScale(const Box2& box, const PlotOptions& options, double printScale) {
+  const Page smallest = pageOnPaper(box, options, kSheets[0].paper, 0);
+  return smallest.scale > kMostEnlarged * printScale
+             ? smallest
+             : pageOnSmallestSheet(box, options, printScale);
+}
+
 // Millimetres to a drawing unit at the drawing's own print scale.
 double printScale(const Database& database) {
   const double unitsPerMillimetre = database.header.real("DIMSCALE");
@@ -110,7 +120,8 @@ double printScale(const Database& database) {
 
 Page sheetOf(const Box2& box, const PlotOptions& options, double printScale) {
   if (options.paper) return pageOnPaper(box, options, *options.paper, options.scale);
-  return pageOnSmallestSheet(box, options, options.scale > 0 ? options.scale : printScale);
+  return options.scale > 0 ? pageOnSmallestSheet(box, options, options.scale)
+                           : pageAtPrintScale(box, options, printScale);
 }
 
 // A bitmap as wide as asked and as high as the sheet, or else the drawing, needs.
@@ -127,7 +138,8 @@ Page pageOfPixels(const Box2& box, const PlotOptions& options, double printScale
   const double margin = page.width * 0.02;
   const double fitting = (page.width - 2 * margin) / std::max(box.width(), kSmallest);
   page.height = std::max(1.0, std::round(box.height() * fitting + 2 * margin));
-  page.unitsPerMillimetre = fitting / printScale;
+  // Pens as at the print scale, but not wider than they would be on a small sheet.
+  page.unitsPerMillimetre = std::min(fitting / printScale, page.width / kNarrowestPicture);
   placeInMiddle(page, box, fitting);
   return page;
 }

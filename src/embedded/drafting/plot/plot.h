@@ -22,7 +22,8 @@ std::optional<Paper> parsePaper(std::string_view text);
 
 struct PlotOptions {
   // Without one PDF and SVG take the smallest sheet that holds the drawing at its print scale (the
-  // variable DIMSCALE), and a PNG is as high as the drawing needs.
+  // variable DIMSCALE; a very small drawing fills an A4), and a PNG is as high as the drawing
+  // needs.
   std::optional<Paper> paper;
   bool keepUpright = false;    // the sheet isn't turned to suit the drawing
   std::optional<Box2> window;  // in drawing units; else everything

@@ -45,6 +45,11 @@ TEST_F(Plots, PrintScaleIsTheDrawings) {
   EXPECT_TRUE(has("M98.5 110L198.5 100"));
 }
 
+TEST_F(Plots, VerySmallDrawingFillsTheSmallestSheet) {
+  add(line(0, 0, 1, 0.5));
+  EXPECT_TRUE(has("M10 174.25L287 35.75"));
+}
+
 TEST_F(Plots, PaperIsFilled) {
   add(line(0, 0, 1, 0.5));
   plot.paper = parsePaper("A3");

@@ -1,0 +1,299 @@
+#!/usr/bin/env python3
+"""Tests of the program vornik as it is called: files in, files and texts out, exit status.
+
+Usage: vornik_test.py PROGRAM [LAUNCHER] [-- UNITTEST_ARGUMENT...]
+
+With a launcher (tests/windows/wine.sh) the Windows program is tested. Readers of others look at
+what comes out: poppler's tools at PDF, Python's own modules at SVG, PNG, JSON and CSV.
+"""
+
+import collections
+import csv
+import io
+import json
+import os
+import pathlib
+import shutil
+import struct
+import subprocess
+import sys
+import tempfile
+import unittest
+import xml.etree.ElementTree
+
+DATA = pathlib.Path(__file__).resolve().parents[1] / "data" / "dwg"
+COMMAND = []
+WINDOWS = False
+CHAIN = """(zhlmsgmk 1)
+(yczhlhz)
+0,0
+(zhlselect 3)
+S
+(zhlselect 7)
+S
+(zhlitem 0 0)
+F
+
+
+"""
+
+
+def vornik(*arguments, cwd, text="", status=0):
+    """Runs the program; the answer's standard output and error."""
+    done = subprocess.run(COMMAND + list(arguments), cwd=cwd, input=text.encode(),
+                          capture_output=True, timeout=300)
+    out, problem = done.stdout.decode("utf-8"), done.stderr.decode("utf-8")
+    if done.returncode != status:
+        raise AssertionError(f"{arguments}: status {done.returncode}, not {status}\n{out}{problem}")
+    return out, problem
+
+
+class Install(unittest.TestCase):
+    """A sample install and a drawing of two circuits with an auxiliary symbol, made once."""
+
+    @classmethod
+    def setUpClass(cls):
+        cls.folder = pathlib.Path(tempfile.mkdtemp(prefix="vornik-"))
+        vornik("sample", "install", cwd=cls.folder)
+        (cls.folder / "chain.scr").write_text(CHAIN, encoding="utf-8")
+        vornik("run", "--install", "install", "--output", "chain.dwg", "chain.scr", cwd=cls.folder)
+
+    @classmethod
+    def tearDownClass(cls):
+        shutil.rmtree(cls.folder)
+
+    def run_vornik(self, *arguments, **options):
+        return vornik(*arguments, cwd=self.folder, **options)
+
+    def tool(self, *arguments):
+        done = subprocess.run(arguments, cwd=self.folder, capture_output=True, check=True)
+        self.assertEqual(done.stderr.decode(), "")
+        return done.stdout.decode("utf-8")
+
+    def bytes_of(self, name):
+        return (self.folder / name).read_bytes()
+
+
+class Usage(Install):
+    COMMANDS = ("sample", "run", "place", "dump", "convert", "plot", "bom", "row")
+
+    def test_help_lists_every_command(self):
+        out, _ = self.run_vornik("--help")
+        for name in self.COMMANDS:
+            self.assertIn(f"\n  {name} ", out)
+
+    def test_every_command_has_help(self):
+        for name in self.COMMANDS:
+            out, problem = self.run_vornik(name, "--help")
+            self.assertTrue(out.startswith(f"usage: vornik {name}"), out)
+            self.assertEqual(problem, "")
+
+    def test_wrong_usage_has_status_2_and_tells_the_usage(self):
+        for words in ((), ("nonsense",), ("plot",), ("plot", "chain.dwg"), ("dump",), ("bom",),
+                      ("bom", "a.dwg", "--install", "install"), ("plot", "a.dwg", "--output"),
+                      ("dump", "--nonsense", "a.dwg"), ("convert", "a.dwg"), ("row", "write")):
+            out, problem = self.run_vornik(*words, status=2)
+            self.assertEqual(out, "")
+            self.assertIn("usage: vornik", problem)
+
+    def test_wrong_values_of_options_are_told(self):
+        for option, value in (("--paper", "A9"), ("--scale", "0"), ("--window", "1,2,3"),
+                              ("--window", "0,0,0,5"), ("--width", "3"), ("--background", "red")):
+            _, problem = self.run_vornik("plot", "chain.dwg", "--output", "x.pdf", option, value,
+                                         status=2)
+            self.assertIn(option, problem)
+        self.assertFalse((self.folder / "x.pdf").exists())
+
+    def test_drawings_that_cannot_be_read_have_status_1(self):
+        (self.folder / "broken.dwg").write_bytes(b"AC1015" + b"\0" * 100)
+        (self.folder / "newer.dwg").write_bytes(b"AC1032" + b"\0" * 100)
+        for command in (("plot", "--output", "x.pdf"), ("dump",), ("bom",)):
+            for name in ("missing.dwg", "broken.dwg", "newer.dwg", "drawing.xyz"):
+                out, problem = self.run_vornik(*command, name, status=1)
+                self.assertEqual(out, "")
+                self.assertIn(name, problem)
+
+    def test_output_that_cannot_be_written_has_status_1(self):
+        for command in (("plot", "chain.dwg", "--output", "missing/x.pdf"),
+                        ("bom", "chain.dwg", "--output", "missing/x.csv")):
+            _, problem = self.run_vornik(*command, status=1)
+            self.assertIn("missing", problem)
+
+
+class Plot(Install):
+    def test_pdf_is_one_page_that_can_be_searched(self):
+        self.run_vornik("plot", "chain.dwg", "--output", "chain.pdf")
+        info = self.tool("pdfinfo", "chain.pdf")
+        self.assertRegex(info, r"Pages: +1\n")
+        words = collections.Counter(self.tool("pdftotext", "chain.pdf", "-").split())
+        self.assertEqual(words["QF1"], 2)
+        self.assertEqual(words["电动机"], 2)
+        self.assertEqual(words["WX1"], 1)
+        self.assertEqual(words["KM2"], 1)
+
+    def test_pdf_page_is_the_paper(self):
+        self.run_vornik("plot", "chain.dwg", "--output", "a3.pdf", "--paper", "A3", "--upright")
+        self.assertIn("841.89 x 1190.55 pts (A3)", self.tool("pdfinfo", "a3.pdf"))
+        self.run_vornik("plot", "chain.dwg", "--output", "own.pdf", "--paper", "254x127")
+        self.assertIn("720 x 360 pts", self.tool("pdfinfo", "own.pdf"))
+
+    def test_pdf_words_lie_over_their_strokes(self):
+        self.run_vornik("plot", "chain.dwg", "--output", "own.pdf", "--paper", "254x127",
+                        "--window", "-127,-127,127,0", "--scale", "1")
+        boxes = self.tool("pdftotext", "-bbox", "own.pdf", "-")
+        tree = xml.etree.ElementTree.fromstring(boxes)
+        found = [word for word in tree.iter("{http://www.w3.org/1999/xhtml}word")
+                 if word.text == "WX1"]
+        self.assertEqual(len(found), 1)
+        # The label stands at (-13.848, -97.75), 1.2 times its x in the row.
+        self.assertAlmostEqual(float(found[0].get("xMin")) / 72 * 25.4 - 127, -13.85, places=1)
+        self.assertAlmostEqual(float(found[0].get("yMax")) / 72 * 25.4, 97.75, delta=1)
+
+    def test_pdf_shows_its_strokes(self):
+        self.run_vornik("plot", "chain.dwg", "--output", "mono.pdf", "--monochrome")
+        self.tool("pdftoppm", "-r", "50", "-gray", "mono.pdf", "mono")
+        picture = next(self.folder.glob("mono*.pgm")).read_bytes()
+        pixels = picture[-(len(picture) - len(picture.split(b"\n255\n", 1)[0]) - 5):]
+        dark = sum(1 for pixel in pixels if pixel < 200)
+        self.assertGreater(dark, 1000)
+        self.assertLess(dark, len(pixels) / 10)
+
+    def test_svg_is_xml_with_strokes_and_texts(self):
+        self.run_vornik("plot", "chain.dwg", "--output", "chain.svg")
+        root = xml.etree.ElementTree.parse(self.folder / "chain.svg").getroot()
+        name = "{http://www.w3.org/2000/svg}"
+        self.assertEqual(root.tag, name + "svg")
+        texts = [text.text for text in root.iter(name + "text")]
+        self.assertEqual(texts.count("电动机"), 2)
+        self.assertEqual(texts.count("QF1"), 2)
+        self.assertGreater(len(list(root.iter(name + "path"))), 20)
+
+    def test_same_drawing_gives_the_same_bytes(self):
+        for form in ("pdf", "svg"):
+            for copy in ("one", "two"):
+                self.run_vornik("plot", "chain.dwg", "--output", f"{copy}.{form}")
+            self.assertEqual(self.bytes_of(f"one.{form}"), self.bytes_of(f"two.{form}"))
+
+    def test_png_has_the_width_asked_for(self):
+        if WINDOWS:
+            _, problem = self.run_vornik("plot", "chain.dwg", "--output", "chain.png", status=1)
+            self.assertIn(".svg or .pdf", problem)
+            return
+        self.run_vornik("plot", "chain.dwg", "--output", "chain.png", "--width", "640")
+        data = self.bytes_of("chain.png")
+        self.assertEqual(data[:8], b"\x89PNG\r\n\x1a\n")
+        self.assertEqual(struct.unpack(">I", data[16:20])[0], 640)
+
+    def test_what_has_no_picture_is_told(self):
+        shutil.copy(DATA / "TS1.dwg", self.folder)
+        _, problem = self.run_vornik("plot", "TS1.dwg", "--output", "ts1.svg")
+        self.assertIn("6 of kind DIMENSION are not shown", problem)
+
+
+class Dump(Install):
+    def objects(self, name):
+        out, _ = self.run_vornik("dump", "--json", name)
+        return [json.loads(line) for line in out.splitlines()]
+
+    def test_tables_come_first_then_the_entities_of_each_block(self):
+        spaces = ["space" in one for one in self.objects("chain.dwg")]
+        self.assertEqual(spaces, sorted(spaces))
+        self.assertIn(True, spaces)
+
+    def test_objects_have_one_handle_each(self):
+        handles = [one["handle"] for one in self.objects("chain.dwg")]
+        self.assertEqual(len(handles), len(set(handles)))
+
+    def test_blocks_carry_their_extended_data(self):
+        motors = [one for one in self.objects("chain.dwg")
+                  if one["type"] == "INSERT" and one["block"] == "ZHL1022"]
+        self.assertEqual(len(motors), 1)
+        motor = motors[0]
+        self.assertEqual(motor["space"], "*Model_Space")
+        self.assertEqual(motor["layer"], "SCHEMATIC-ELEMENT")
+        self.assertEqual(motor["position"], [0, -120.28, 0])
+        self.assertEqual(motor["xdata"], {"TKSY": [[1000, "电动机&M"]],
+                                          "XHGG": [[1000, "Y200L-4 30kW"]]})
+
+    def test_texts_layers_and_attributes_are_shown(self):
+        objects = self.objects("chain.dwg")
+        texts = [one["text"] for one in objects if one["type"] == "TEXT"]
+        self.assertIn("电动机", texts)
+        layers = {one["name"]: one for one in objects if one["type"] == "LAYER"}
+        self.assertEqual(layers["SCHEMATIC-ELEMENT"]["colour"], 3)
+        scales = [one for one in objects if one["type"] == "ATTRIB"]
+        self.assertEqual([one["tag"] for one in scales], ["SCALE", "SCALE"])
+
+    def test_counts_agree_with_another_reader(self):
+        for path in sorted(DATA.glob("*.dwg")):
+            shutil.copy(path, self.folder)
+            readers = json.loads(path.with_suffix(".dwg.json").read_text())["readers"]
+            wanted = next(one for one in readers if one["reader"] == "libredwg-web")["entities"]
+            found = collections.Counter(one["type"] for one in self.objects(path.name)
+                                        if "space" in one)
+            for kind in ("LINE", "CIRCLE", "ARC", "LWPOLYLINE", "TEXT", "INSERT", "SOLID"):
+                self.assertEqual(found[kind], wanted.get(kind, 0), f"{path.name}: {kind}")
+
+    def test_plain_form_ends_with_counts(self):
+        out, _ = self.run_vornik("dump", "chain.dwg")
+        lines, counts = out.split("\n\n")
+        self.assertEqual(len(lines.splitlines()), len(self.objects("chain.dwg")))
+        self.assertIn("\n1 POINT\n", counts)
+
+
+class PartsList(Install):
+    HEADING = ["symbol", "name", "letters", "model", "count", "circuits", "places"]
+
+    def test_models_of_a_drawing_are_counted_by_symbol_and_model(self):
+        out, problem = self.run_vornik("bom", "chain.dwg")
+        rows = list(csv.reader(io.StringIO(out)))
+        self.assertEqual(rows[0], self.HEADING)
+        self.assertEqual(problem, "")
+        self.assertEqual(rows[1:], sorted(rows[1:]))
+        table = {(row[0], row[3]): row for row in rows[1:]}
+        self.assertEqual(table["ZHL1012", "JR36-63 45-63A"],
+                         ["ZHL1012", "热继电器", "FR", "JR36-63 45-63A", "2", "1; 2",
+                          "(0, -77.5); (92.5, -67.5)"])
+        self.assertEqual(sum(int(row[4]) for row in rows[1:]), 15)
+        self.assertFalse({"F002", "ZHL1000"} & {row[0] for row in rows})
+
+    def test_models_of_the_library_are_counted_over_all_circuits(self):
+        out, problem = self.run_vornik("bom", "--install", "install")
+        self.assertEqual(problem, "")
+        rows = list(csv.reader(io.StringIO(out)))[1:]
+        motors = [row for row in rows if row[3] == "Y280S-4 75kW"]
+        self.assertEqual([(row[1], row[4], row[5]) for row in motors], [("电动机", "2", "09; 10")])
+
+    def test_file_begins_with_the_mark_that_spreadsheets_need(self):
+        out, _ = self.run_vornik("bom", "chain.dwg")
+        self.run_vornik("bom", "chain.dwg", "--output", "parts.csv")
+        data = self.bytes_of("parts.csv")
+        self.assertEqual(data[:3], b"\xef\xbb\xbf")
+        self.assertEqual(data[3:].decode("utf-8"), out)
+        self.assertIn(b"\r\n", data)
+
+
+class Convert(Install):
+    def test_drawing_keeps_its_objects(self):
+        self.run_vornik("convert", "chain.dwg", "copy.dwg")
+        before, _ = self.run_vornik("dump", "--json", "chain.dwg")
+        after, _ = self.run_vornik("dump", "--json", "copy.dwg")
+        self.assertEqual(after, before)
+
+
+def main():
+    global WINDOWS
+    arguments = sys.argv[1:]
+    rest = []
+    if "--" in arguments:
+        at = arguments.index("--")
+        arguments, rest = arguments[:at], arguments[at + 1:]
+    program, launcher = arguments[0], arguments[1:]
+    WINDOWS = bool(launcher)
+    COMMAND.extend(launcher + [program])
+    os.environ["LANG"] = "zh_CN.UTF-8"
+    unittest.main(argv=[sys.argv[0]] + rest)
+
+
+if __name__ == "__main__":
+    main()
