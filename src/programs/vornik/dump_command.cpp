@@ -58,9 +58,12 @@ class Dump {
 
   void print(const Object& object, const std::string& space) {
     if (!seen_.insert(object.handle).second) return;
-    const std::string type(typeName(database_, object));
+    const bool table = object.kind == Kind::Control;
+    const std::string name(typeName(database_, object));
+    const std::string type = table ? "TABLE" : name;
     ++counts_[type];
     FieldDump fields(database_);
+    if (table) fields.member("table", jsonText(name));
     if (object.owner) fields.member("owner", jsonText(hexHandle(object.owner)));
     if (isEntity(object.kind)) showCommon(static_cast<const Entity&>(object), space, fields);
     visit(object, [&]<class T>(const T& one) { walk<FieldDump>(fields, one); });

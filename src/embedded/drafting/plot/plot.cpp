@@ -79,7 +79,8 @@ double fittingScale(const Page& page, const Box2& box, double margin) {
 }
 
 bool isTurned(const Box2& box, const PlotOptions& options, Paper paper) {
-  return !options.keepUpright && (box.width() > box.height()) != (paper.width > paper.height);
+  return !options.keepUpright && !paper.fixed &&
+         (box.width() > box.height()) != (paper.width > paper.height);
 }
 
 // A scale of 0 is the one that fits.
@@ -192,7 +193,7 @@ std::optional<Paper> parsePaper(std::string_view text) {
   if (width.length != cross || height.length != text.size() - cross - 1) return {};
   const auto possible = [](double size) { return size >= kLeast && size <= kMost; };
   if (!possible(width.value) || !possible(height.value)) return {};
-  return Paper{width.value, height.value};
+  return Paper{width.value, height.value, true};
 }
 
 base::Status plotDrawing(const Database& database, const std::string& path,

@@ -14,10 +14,11 @@ namespace drafting {
 // A sheet in millimetres.
 struct Paper {
   double width = 0, height = 0;
+  bool fixed = false;  // never turned to suit the drawing
 };
 
-// "A0" to "A4", elongated "A4x3" and the like (any case), or "WIDTHxHEIGHT" in millimetres; nothing
-// for anything else.
+// "A0" to "A4", elongated "A4x3" and the like (any case), or "WIDTHxHEIGHT" in millimetres, which
+// stays as it is; nothing for anything else.
 std::optional<Paper> parsePaper(std::string_view text);
 
 struct PlotOptions {
