@@ -16,6 +16,7 @@ import sys
 LATIN_BASELINE = 8  # what y = 0 is written as
 EM_BOTTOM = -124
 EM_STEP = 16  # em units to one of ours
+RARER = "耦匝阈"  # not among the common characters, but of this trade
 
 
 def written(strokes):
@@ -89,7 +90,7 @@ def chinese(folder):
     print("// Made by tools/make_glyphs.py on 2026-11-21 from the medians of hanzi-writer-data 2.0.1,")
     print("// thinned and brought to a grid of 64; not edited by hand. Derived from AR PL fonts,")
     print("// Copyright (C) 1999 Arphic Technology Co., Ltd.; free under ARPHICPL.TXT beside this file.")
-    for character in sorted(first_level()):
+    for character in sorted([*first_level(), *RARER]):
         path = folder / f"{character}.json"
         medians = json.loads(path.read_text(encoding="utf-8"))["medians"]
         print(row(character, 64, chinese_strokes(medians)))

@@ -273,6 +273,33 @@ class PartsList(Install):
         self.assertIn(b"\r\n", data)
 
 
+class MainCircuits(Install):
+    """The script of ./run: a row of circuits with auxiliary symbols and busbars."""
+
+    SCRIPT = pathlib.Path(__file__).resolve().parents[2] / "samples" / "main_circuits.scr"
+
+    def test_script_draws_all_that_it_asks_for(self):
+        script = self.SCRIPT.read_text(encoding="utf-8")
+        shutil.copy(self.SCRIPT, self.folder)
+        self.run_vornik("run", "--install", "install", "--output", "main.dwg", "--transcript",
+                        "transcript.txt", "main_circuits.scr")
+        out, _ = self.run_vornik("dump", "--json", "main.dwg")
+        model = [one for one in map(json.loads, out.splitlines())
+                 if one.get("space") == "*Model_Space"]
+        blocks = collections.Counter(one["block"] for one in model if one["type"] == "INSERT")
+        circuits = script.count("\nS\n")
+        self.assertGreaterEqual(circuits, 8)
+        self.assertEqual(len(set(line for line in script.splitlines() if "zhlselect" in line)),
+                         circuits)
+        self.assertEqual(blocks["Fah"], circuits)
+        self.assertEqual(sum(count for name, count in blocks.items() if name.startswith("FG")),
+                         script.count("\nF\n"))
+        texts = [one["text"] for one in model if one["type"] == "TEXT"]
+        self.assertIn("低压配电主回路系统图", texts)
+        busbars = [one for one in model if one["type"] == "LWPOLYLINE" and one.get("width") == 0.8]
+        self.assertEqual(len(busbars), script.count("PLINE"))
+
+
 class Convert(Install):
     def test_drawing_keeps_its_objects(self):
         self.run_vornik("convert", "chain.dwg", "copy.dwg")
