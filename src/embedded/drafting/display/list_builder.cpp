@@ -46,7 +46,11 @@ Affine2 objectPlane(const Point3& normal, double elevation) {
   return {x.x, x.y, y.x, y.y, n.x * elevation, n.y * elevation};
 }
 
-bool finite(Point2 p) { return std::isfinite(p.x) && std::isfinite(p.y); }
+// Whether one can reckon on with the point. Damaged drawings have coordinates of any size.
+bool finite(Point2 p) {
+  constexpr double kFarthest = 1e50;
+  return std::abs(p.x) < kFarthest && std::abs(p.y) < kFarthest;
+}
 
 }  // namespace
 

@@ -37,7 +37,7 @@ Rgb hueColour(int index) {
 
 double brightness(Rgb c) { return (0.2126 * c.red + 0.7152 * c.green + 0.0722 * c.blue) / 255; }
 
-// A grey keeps its tone unless it would vanish on the paper.
+// Darker where it would hardly be read on white; the shares of the channels stay.
 Rgb onPaper(Rgb c) {
   constexpr double kBrightest = 0.45;
   const double now = brightness(c);

@@ -40,7 +40,8 @@ constexpr double kCurveError = 0.01;       // millimetres on the sheet
 constexpr double kSmallest = 1e-6;         // a drawing of no extent is shown this large
 constexpr double kMostEnlarged = 4;        // against the print scale
 constexpr double kNarrowestPicture = 200;  // millimetres that a PNG's width stands for at least
-constexpr int kMostPixels = 30000;
+constexpr int kMostPixels = 30000;         // a side
+constexpr double kMostPixelsInAll = 200'000'000;  // four bytes each
 
 enum class Form { Pdf, Svg, Png, Unknown };
 
@@ -125,11 +126,11 @@ Page sheetOf(const Box2& box, const PlotOptions& options, double printScale) {
                            : pageAtPrintScale(box, options, printScale);
 }
 
-// A bitmap as wide as asked and as high as the sheet, or else the drawing, needs.
+// A bitmap as wide as asked and as high as the sheet needs, or else the drawing.
 Page pageOfPixels(const Box2& box, const PlotOptions& options, double printScale) {
   Page page;
   page.width = options.pixels;
-  if (options.paper) {
+  if (options.paper || options.scale > 0) {
     const Page sheet = sheetOf(box, options, printScale);
     page.unitsPerMillimetre = page.width / sheet.width;
     page.height = std::max(1.0, std::round(sheet.height * page.unitsPerMillimetre));
@@ -143,6 +144,11 @@ Page pageOfPixels(const Box2& box, const PlotOptions& options, double printScale
   page.unitsPerMillimetre = std::min(fitting / printScale, page.width / kNarrowestPicture);
   placeInMiddle(page, box, fitting);
   return page;
+}
+
+bool isTooLarge(const Page& bitmap) {
+  return std::max(bitmap.width, bitmap.height) > kMostPixels ||
+         bitmap.width * bitmap.height > kMostPixelsInAll;
 }
 
 base::Result<std::string> pictureOf(const DisplayList& list, const Page& page, Form form,
@@ -209,9 +215,10 @@ base::Status plotDrawing(const Database& database, const std::string& path,
   const double scale = printScale(database);
   const Page page =
       form == Form::Png ? pageOfPixels(box, options, scale) : sheetOf(box, options, scale);
-  if (form == Form::Png && (page.width > kMostPixels || page.height > kMostPixels)) {
-    return base::Status::failure(path + ": the picture would be larger than " +
-                                 std::to_string(kMostPixels) + " pixels");
+  if (form == Form::Png && isTooLarge(page)) {
+    return base::Status::failure(path + ": the picture would have " + base::formatF(page.width, 0) +
+                                 " by " + base::formatF(page.height, 0) +
+                                 " pixels, which is too many");
   }
   display.tolerance = kCurveError * page.unitsPerMillimetre / page.scale;
   const DisplayList list = DisplayList::of(database, display);

@@ -157,6 +157,7 @@ TEST_F(Figures, RepeatedVerticesAndSinglePointsDoNoHarm) {
 TEST_F(Figures, CoordinatesThatAreNoNumbersAreLeftOut) {
   add(line(0, 0, std::nan(""), 1));
   add(line(0, 0, HUGE_VAL, 1));
+  add(line(0, 0, 1e300, 1));
   LwPolyline odd = polyline({{0, 0}, {1, 0}}, HUGE_VAL);
   odd.bulges = {std::nan(""), 0};
   add(odd);

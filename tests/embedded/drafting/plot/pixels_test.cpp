@@ -120,6 +120,14 @@ TEST_F(Pixels, PictureOfADrawingIsAsHighAsItNeeds) {
   EXPECT_EQ(height(), 260);  // half of 480, and a margin of 10 on each side
 }
 
+TEST_F(Pixels, ScaleOnItsOwnTakesASheetToo) {
+  add(line(0, 0, 100, 100));
+  plot.pixels = 210;
+  plot.scale = 1;
+  draw();
+  EXPECT_EQ(height(), 297);
+}
+
 TEST_F(Pixels, PictureThatWouldBeTooHighIsRefused) {
   add(line(0, 0, 1, 100000));
   const base::Status status =
