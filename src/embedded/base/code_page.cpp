@@ -179,17 +179,18 @@ std::string codePageFromUtf8(std::string_view utf8, int codePage, Unmappable unm
 }
 
 std::wstring wideFromAnsi(std::string_view ansi) {
-  std::wstring out;
-  out.reserve(ansi.size());
+  std::wstring out(ansi.size(), L'\0');  // each character takes a byte or two
+  wchar_t* end = out.data();
   for (std::size_t at = 0; at < ansi.size();) {
     if (static_cast<unsigned char>(ansi[at]) < 0x80) {
-      out += static_cast<wchar_t>(ansi[at++]);
+      *end++ = static_cast<wchar_t>(ansi[at++]);
       continue;
     }
     const Decoded decoded = decode936(ansi, at);
-    out += decoded.valid ? static_cast<wchar_t>(decoded.character) : L'?';
+    *end++ = decoded.valid ? static_cast<wchar_t>(decoded.character) : L'?';
     at += decoded.length;
   }
+  out.resize(static_cast<std::size_t>(end - out.data()));
   return out;
 }
 

@@ -1,9 +1,15 @@
 // The path resolver and the splitting and joining of wide paths.
 #include "embedded/base/paths.h"
 
+#ifndef _WIN32
+#include <dirent.h>
+#include <sys/stat.h>
+#endif
+
 #include <algorithm>
-#include <optional>
-#include <system_error>
+#include <memory>
+#include <string>
+#include <unordered_map>
 
 #include "embedded/base/text.h"
 
@@ -17,21 +23,59 @@ std::size_t lastSeparator(std::wstring_view path) { return path.find_last_of(L"\
 
 #ifndef _WIN32
 
-bool present(const fs::path& path) {
-  std::error_code ignored;
-  return fs::exists(fs::symlink_status(path, ignored));
+bool present(const std::string& path) {
+  struct stat found {};
+  return ::lstat(path.c_str(), &found) == 0;
 }
 
-// The entry of `folder` that equals `name` without regard to case; the first if there are several.
-std::optional<fs::path> findNoCase(const fs::path& folder, std::string_view name) {
-  std::error_code error;
-  std::optional<fs::path> found;
-  fs::directory_iterator entry(folder.empty() ? fs::path(".") : folder, error);
-  for (const fs::directory_iterator end; !error && entry != end; entry.increment(error)) {
-    const fs::path candidate = entry->path().filename();
-    if (equalsNoCase(candidate.native(), name) && (!found || candidate < *found)) found = candidate;
+struct CloseFolder {
+  void operator()(DIR* folder) const { ::closedir(folder); }
+};
+
+// The entry of `folder` that equals `name` without regard to case; the first if there are several,
+// empty if there is none.
+std::string findNoCase(const std::string& folder, std::string_view name) {
+  const std::unique_ptr<DIR, CloseFolder> open(::opendir(folder.empty() ? "." : folder.c_str()));
+  std::string found;
+  while (const dirent* entry = open ? ::readdir(open.get()) : nullptr) {
+    const std::string_view candidate = entry->d_name;
+    if (equalsNoCase(candidate, name) && (found.empty() || candidate < found)) found = candidate;
   }
   return found;
+}
+
+// What was found under another case than written: taken again as long as it is there, so that a
+// file asked for often costs no search of its folder.
+class FoundBefore {
+ public:
+  const std::string* find(const std::string& written) const {
+    const auto known = paths_.find(written);
+    return known != paths_.end() && present(known->second) ? &known->second : nullptr;
+  }
+  void add(const std::string& written, const std::string& found) {
+    if (paths_.size() == kMost) paths_.clear();
+    paths_[written] = found;
+  }
+
+ private:
+  static constexpr std::size_t kMost = 256;
+  std::unordered_map<std::string, std::string> paths_;
+};
+
+// Only what isn't there as written is looked for, component by component from the right.
+std::string resolve(const std::string& written) {
+  static FoundBefore foundBefore;
+  if (written.empty() || present(written)) return written;
+  if (const std::string* known = foundBefore.find(written)) return *known;
+  const std::size_t end = written.find_last_not_of('/');
+  if (end == std::string::npos) return written;
+  const std::size_t begin = written.find_last_of('/', end) + 1;
+  const std::string name = written.substr(begin, end + 1 - begin);
+  const std::string folder = resolve(written.substr(0, begin));
+  const std::string found = findNoCase(folder, name);
+  std::string resolved = folder + (found.empty() ? name : found) + written.substr(end + 1);
+  if (!found.empty()) foundBefore.add(written, resolved);
+  return resolved;
 }
 
 #endif
@@ -51,23 +95,7 @@ std::string utf8FromPath(const fs::path& path) { return utf8FromWide(path.native
 fs::path resolvePath(std::wstring_view wide) {
   std::string text = utf8FromWide(wide);
   std::replace(text.begin(), text.end(), '\\', '/');
-  fs::path written = text;
-  if (present(written)) return written;
-
-  fs::path resolved;
-  bool missing = false;
-  for (const fs::path& component : written) {
-    if (!missing && !present(resolved / component)) {
-      const std::optional<fs::path> found = findNoCase(resolved, component.native());
-      if (found) {
-        resolved /= *found;
-        continue;
-      }
-      missing = true;
-    }
-    resolved /= component;
-  }
-  return resolved;
+  return resolve(text);
 }
 
 fs::path pathFromWide(std::wstring_view path) { return {utf8FromWide(path)}; }

@@ -1,4 +1,8 @@
 // CFile and CStdioFile over the runtime's streams.
+#ifndef _WIN32
+#include <sys/stat.h>
+#endif
+
 #include <chrono>
 #include <filesystem>
 #include <system_error>
@@ -86,6 +90,11 @@ std::uint64_t CFile::GetPosition() const {
 
 std::uint64_t CFile::GetLength() const {
   if (!stream_) fail();
+#ifndef _WIN32
+  struct stat found {};
+  if (reading_ && ::fstat(::fileno(stream_), &found) == 0)
+    return static_cast<std::uint64_t>(found.st_size);
+#endif
   const std::int64_t here = tell(stream_);
   if (!seek(stream_, 0, SEEK_END)) fail();
   const std::int64_t length = tell(stream_);

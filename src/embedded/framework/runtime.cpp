@@ -58,7 +58,9 @@ std::FILE* openFile(const std::wstring& path, const wchar_t* mode) {
   return _wfopen(resolved.c_str(), mode);
 #else
   std::FILE* file = std::fopen(resolved.c_str(), base::utf8FromWide(mode).c_str());
-  if (!file || !isFolder(file)) return file;
+  // A folder can be opened too, but only for reading alone.
+  const bool mayBeFolder = std::wcspbrk(mode, L"wa+") == nullptr;
+  if (!file || !mayBeFolder || !isFolder(file)) return file;
   std::fclose(file);
   return nullptr;
 #endif

@@ -56,6 +56,23 @@ TEST_F(Resolver, KeepsTheNamesThatDoNotExist) {
   EXPECT_EQ(resolve(L"SYSTEM\\New\\Deep.dwg"), folder_ / "System" / "New" / "Deep.dwg");
 }
 
+TEST_F(Resolver, FollowsWhatComesGoesAndIsRenamed) {
+  EXPECT_EQ(resolve(L"System\\fah.DWG").filename(), "Fah.dwg");
+  EXPECT_EQ(resolve(L"System\\fah.DWG").filename(), "Fah.dwg");
+  fs::rename(folder_ / "System" / "Fah.dwg", folder_ / "System" / "FAH.dwg");
+  EXPECT_EQ(resolve(L"System\\fah.DWG").filename(), "FAH.dwg");
+  test::writeBytes(folder_ / "System" / "fah.DWG", "exact");
+  EXPECT_EQ(resolve(L"System\\fah.DWG").filename(), "fah.DWG");
+  fs::remove_all(folder_ / "System");
+  EXPECT_EQ(resolve(L"System\\fah.DWG"), folder_ / "System" / "fah.DWG");
+}
+
+TEST_F(Resolver, FinalSlashesStay) {
+  EXPECT_EQ(resolve(L"system\\").native(), (folder_ / "System").native() + "/");
+  EXPECT_EQ(base::resolvePath(L"//").native(), "//");
+  EXPECT_EQ(resolve(L"none\\\\deep\\").native(), folder_.path().native() + "/none//deep/");
+}
+
 TEST_F(Resolver, ARelativePathIsLookedUpInTheCurrentFolder) {
   const fs::path before = fs::current_path();
   fs::current_path(folder_.path());
