@@ -2,6 +2,7 @@
 
 #include <unordered_map>
 
+#include "embedded/base/text.h"
 #include "embedded/drafting/database/visit.h"
 #include "embedded/drafting/database/xdata.h"
 
@@ -14,6 +15,7 @@ class Cloner {
 
   CloneResult run(std::string_view name) {
     CloneResult result;
+    name_ = name;
     result.block = makeBlock(name, source_.modelSpace(), source_.header.point("INSBASE"));
     if (rawEntities_ > 0) {
       result.leftBehind.push_back(std::to_string(rawEntities_) +
@@ -88,10 +90,25 @@ class Cloner {
     if (known != blocks_.end()) return known->second;
     const auto* from = source_.find<BlockRecord>(block);
     if (!from) return 0;
-    const Handle there = target_.findRecord(Table::Blocks, from->name);
-    if (there) return blocks_[block] = there;
+    std::string name = from->name;
+    if (name.starts_with('*') || base::equalsNoCase(name, name_)) {
+      name = freeName(name);
+    } else if (const Handle there = target_.findRecord(Table::Blocks, name)) {
+      return blocks_[block] = there;
+    }
     blocks_[block] = 0;  // a block within itself ends here
-    return blocks_[block] = makeBlock(from->name, *from, from->base);
+    return blocks_[block] = makeBlock(name, *from, from->base);
+  }
+
+  // A nameless block ("*U3") takes the next number; one that is named like the new block around it,
+  // which it would otherwise be, takes a number behind its name.
+  std::string freeName(const std::string& name) const {
+    const bool nameless = name.starts_with('*');
+    const std::string stem = nameless ? name.substr(0, 2) : name + "$";
+    for (int number = nameless ? 1 : 0;; ++number) {
+      const std::string candidate = stem + std::to_string(number);
+      if (target_.findRecord(Table::Blocks, candidate) == 0) return candidate;
+    }
   }
 
   // The target's record of the same name, copied there if it is missing.
@@ -128,6 +145,7 @@ class Cloner {
 
   Database& target_;
   const Database& source_;
+  std::string_view name_;  // of the block being made
   std::unordered_map<Handle, Handle> blocks_;
   std::size_t rawEntities_ = 0;
 };
