@@ -106,7 +106,7 @@ class Cloner {
     const bool nameless = name.starts_with('*');
     const std::string stem = nameless ? name.substr(0, 2) : name + "$";
     for (int number = nameless ? 1 : 0;; ++number) {
-      const std::string candidate = stem + std::to_string(number);
+      std::string candidate = stem + std::to_string(number);
       if (target_.findRecord(Table::Blocks, candidate) == 0) return candidate;
     }
   }
