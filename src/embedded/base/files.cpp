@@ -35,12 +35,14 @@ fs::path followLinks(fs::path path) {
   return path;
 }
 
-Status writeTemporary(const fs::path& temporary, std::string_view bytes) {
+using Producer = std::function<Status(const PieceWriter&)>;
+
+Status writeTemporary(const fs::path& temporary, const Producer& produce) {
   RawFile file;
   Status status = before(SaveStep::create);
   if (status.ok()) status = file.create(temporary);
   if (status.ok()) status = before(SaveStep::write);
-  if (status.ok()) status = file.write(bytes);
+  if (status.ok()) status = produce([&file](std::string_view piece) { return file.write(piece); });
   if (status.ok()) status = before(SaveStep::flush);
   if (status.ok()) status = file.flush();
   if (status.ok()) status = file.close();
@@ -82,11 +84,16 @@ Result<std::string> readFile(const fs::path& path, std::uint64_t bound) {
 }
 
 Status saveAtomically(const fs::path& name, std::string_view bytes, SaveOptions options) {
+  return saveAtomically(
+      name, [bytes](const PieceWriter& write) { return write(bytes); }, options);
+}
+
+Status saveAtomically(const fs::path& name, const Producer& produce, SaveOptions options) {
   const fs::path path = followLinks(name);
   Status status = checkReplaceable(path);
   if (!status.ok()) return status;
   const fs::path temporary = withSuffix(path, ".saving-" + std::to_string(processNumber()));
-  status = writeTemporary(temporary, bytes);
+  status = writeTemporary(temporary, produce);
   if (status.ok()) status = putInPlace(temporary, path, options);
   if (!status.ok()) {
     std::error_code ignored;

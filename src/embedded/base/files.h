@@ -4,6 +4,7 @@
 
 #include <cstdint>
 #include <filesystem>
+#include <functional>
 #include <string>
 #include <string_view>
 
@@ -31,6 +32,13 @@ struct SaveOptions {
 // and replaces it in one step. On failure the old document is untouched, and the message names the
 // file and the reason. A link is followed; the old file's permissions are kept.
 Status saveAtomically(const std::filesystem::path& path, std::string_view bytes,
+                      SaveOptions options = {});
+
+// The same for a document that is made piece by piece: `produce` hands its bytes to the function it
+// is given and stops at the first failure of that, which it returns.
+using PieceWriter = std::function<Status(std::string_view)>;
+Status saveAtomically(const std::filesystem::path& path,
+                      const std::function<Status(const PieceWriter&)>& produce,
                       SaveOptions options = {});
 
 // Installs `hook` (null: none) and returns the one before.

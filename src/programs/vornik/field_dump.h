@@ -40,6 +40,7 @@ class FieldDump {
   void normal(int group, const drafting::Point3& value) { extrusion(group, value); }
   void handle(const char* name, int, std::uint8_t, drafting::Handle value);
 
+  void recordFlags(const drafting::Record&) {}
   void lineEnds(const drafting::Line& line);
   void solidCorners(const drafting::Solid& solid);
   void lwPolyline(const drafting::LwPolyline& polyline);

@@ -75,10 +75,10 @@ int convertCommand(const Words& words) {
   if (options.flag("help")) return std::cout << kConvertUsage, kDone;
   if (!options.problem().empty()) return usageError(options.problem(), kConvertUsage);
   if (options.plain().size() != 2) return usageError("two files are needed", kConvertUsage);
-  const auto database = drafting::readDrawing(
-      options.plain()[0], [](std::string_view note) { std::cerr << "vornik: " << note << "\n"; });
+  const auto note = [](std::string_view text) { std::cerr << "vornik: " << text << "\n"; };
+  const auto database = drafting::readDrawing(options.plain()[0], note);
   if (!database.ok()) return report(database.status());
-  return report(drafting::saveDrawingFile(**database, options.plain()[1]));
+  return report(drafting::saveDrawingFile(**database, options.plain()[1], note));
 }
 
 int rowCommand(const Words& words) {

@@ -164,6 +164,8 @@ Handle Database::append(BlockRecord& block, std::unique_ptr<Entity> entity) {
 
 Handle Database::appendAttribute(Insert& insert, std::unique_ptr<Entity> attribute) {
   if (attribute->kind == Kind::SeqEnd && insert.seqEnd != 0) return insert.seqEnd;
+  // Some readers go from the first attribute to the SEQEND by ascending handles: it is made anew.
+  if (attribute->kind != Kind::SeqEnd && insert.seqEnd != 0) erase(insert.seqEnd);
   Entity& made = *attribute;
   made.owner = insert.handle;
   willChange(insert);
@@ -172,11 +174,9 @@ Handle Database::appendAttribute(Insert& insert, std::unique_ptr<Entity> attribu
   Entity* last = insert.attributes.empty() ? nullptr : find<Entity>(insert.attributes.back());
   link(made, last, nullptr);
   insert.attributes.push_back(made.handle);
-  if (insert.seqEnd == 0) {
-    auto end = std::make_unique<SeqEnd>();
-    end->layer = insert.layer;
-    appendAttribute(insert, std::move(end));
-  }
+  auto end = std::make_unique<SeqEnd>();
+  end->layer = insert.layer;
+  appendAttribute(insert, std::move(end));
   return made.handle;
 }
 

@@ -83,7 +83,7 @@ class Database {
   // Takes the entity, gives it a handle (or keeps the one it has if that is free) and the block's
   // end of chain. The entity's layer must be set; the result is its handle.
   Handle append(BlockRecord& block, std::unique_ptr<Entity> entity);
-  // The same for an attribute of an INSERT; the closing SeqEnd is made with the first one.
+  // The same for an attribute of an INSERT; the closing SeqEnd is made along with it.
   Handle appendAttribute(Insert& insert, std::unique_ptr<Entity> attribute);
   // Records need a name that no other record of the table has.
   Handle addRecord(Table table, std::unique_ptr<Record> record);

@@ -138,8 +138,8 @@ void walk(W& w, Walked<W, MText> o) {
   w.real("height", 40, o.height);
   w.integer("attachment", 71, o.attachment);
   w.integer("flow", 72, o.flow);
-  w.real("drawnHeight", 0, o.drawnHeight);
-  w.real("drawnWidth", 0, o.drawnWidth);
+  w.real("drawnHeight", 43, o.drawnHeight);
+  w.real("drawnWidth", 42, o.drawnWidth);
   w.longText("text", 1, o.text);  // T; DXF cuts it into pieces, groups 3 and last 1
   w.handle("style", 7, kHardPointer, o.style);
   w.integer("spacingKind", 73, o.spacingKind);
@@ -185,6 +185,7 @@ void walkRecordStart(W& w, Walked<W, Record> o) {
   w.bit("referenced", 0, o.referenced);
   w.integer("xrefIndex", 0, o.xrefIndex);
   w.bit("xrefDependent", 0, o.xrefDependent);
+  w.recordFlags(o);  // nothing in DWG; DXF has the flags of all records in 70
 }
 
 template <class W>

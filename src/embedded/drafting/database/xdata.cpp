@@ -83,21 +83,6 @@ std::string textOf(std::string_view item) {
   return base::utf8FromCodePage(bytes, page);
 }
 
-XDataItem itemOf(std::string_view item) {
-  const int code = 1000 + static_cast<unsigned char>(item[0]);
-  switch (formOf(code)) {
-    case Form::Text: return {code, textOf(item)};
-    case Form::Brace: return {code, std::string(item[1] == 0 ? "{" : "}")};
-    case Form::Binary: return {code, std::string(item.substr(2))};
-    case Form::Handle: return {code, Handle{highFirst(item.substr(1))}};
-    case Form::Point: return {code, Point3{realAt(item, 1), realAt(item, 9), realAt(item, 17)}};
-    case Form::Real: return {code, realAt(item, 1)};
-    case Form::Short:
-      return {code, static_cast<int>(static_cast<std::int16_t>(lowFirst(item.substr(1))))};
-    default: return {code, static_cast<int>(static_cast<std::int32_t>(lowFirst(item.substr(1))))};
-  }
-}
-
 // Appends the value of an item whose alternative fits its code; false if it is too long.
 struct ItemWriter {
   std::string& out;
@@ -142,6 +127,21 @@ struct ItemWriter {
 
 }  // namespace
 
+XDataItem decodeXDataItem(std::string_view item) {
+  const int code = 1000 + static_cast<unsigned char>(item[0]);
+  switch (formOf(code)) {
+    case Form::Text: return {code, textOf(item)};
+    case Form::Brace: return {code, std::string(item[1] == 0 ? "{" : "}")};
+    case Form::Binary: return {code, std::string(item.substr(2))};
+    case Form::Handle: return {code, Handle{highFirst(item.substr(1))}};
+    case Form::Point: return {code, Point3{realAt(item, 1), realAt(item, 9), realAt(item, 17)}};
+    case Form::Real: return {code, realAt(item, 1)};
+    case Form::Short:
+      return {code, static_cast<int>(static_cast<std::int16_t>(lowFirst(item.substr(1))))};
+    default: return {code, static_cast<int>(static_cast<std::int32_t>(lowFirst(item.substr(1))))};
+  }
+}
+
 std::size_t xdataItemLength(std::string_view coded, std::size_t at) {
   const std::size_t left = coded.size() - at;
   if (left < 2) return 0;
@@ -166,7 +166,7 @@ std::optional<std::vector<XDataItem>> decodeXData(std::string_view coded) {
   for (std::size_t at = 0; at < coded.size();) {
     const std::size_t length = xdataItemLength(coded, at);
     if (length == 0) return std::nullopt;
-    items.push_back(itemOf(coded.substr(at, length)));
+    items.push_back(decodeXDataItem(coded.substr(at, length)));
     at += length;
   }
   return items;

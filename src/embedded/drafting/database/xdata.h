@@ -50,6 +50,9 @@ int windowsCodePage(int drawingNumber);
 // Length of the item at `at` with its code byte; 0 if there is no whole item.
 std::size_t xdataItemLength(std::string_view coded, std::size_t at);
 
+// The item that these bytes, a whole item, code.
+XDataItem decodeXDataItem(std::string_view item);
+
 template <class F>
 bool mapXDataHandles(std::string& coded, F map) {
   for (std::size_t at = 0; at < coded.size();) {

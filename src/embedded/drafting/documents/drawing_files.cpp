@@ -4,32 +4,46 @@
 #include "embedded/base/text.h"
 #include "embedded/drafting/dwg/dwg_reader.h"
 #include "embedded/drafting/dwg/dwg_writer.h"
+#include "embedded/drafting/dxf/dxf_reader.h"
+#include "embedded/drafting/dxf/dxf_writer.h"
 
 namespace drafting {
 namespace {
 
-bool isDwg(const std::string& path) {
-  return base::equalsNoCase(base::extensionOf(base::wideFromUtf8(path)), L".dwg");
+enum class Form { Dwg, Dxf, Unknown };
+
+Form formOf(const std::string& path) {
+  const std::wstring wide = base::wideFromUtf8(path);
+  const std::wstring_view extension = base::extensionOf(wide);
+  if (base::equalsNoCase(extension, L".dwg")) return Form::Dwg;
+  return base::equalsNoCase(extension, L".dxf") ? Form::Dxf : Form::Unknown;
 }
 
 base::Status unknownForm(const std::string& path) {
-  return base::Status::failure(path + ": only .dwg files can be read and written");
+  return base::Status::failure(path + ": only .dwg and .dxf files can be read and written");
 }
 
 }  // namespace
 
-base::Result<std::unique_ptr<Database>> readDrawing(
-    const std::string& path, const std::function<void(std::string_view)>& note) {
-  if (!isDwg(path)) return unknownForm(path);
+base::Result<std::unique_ptr<Database>> readDrawing(const std::string& path, const Note& note) {
+  const Form form = formOf(path);
+  if (form == Form::Unknown) return unknownForm(path);
+  const auto file = base::resolvePath(base::wideFromUtf8(path));
   ReadReport report;
-  auto database = openDwg(base::resolvePath(base::wideFromUtf8(path)), report);
-  if (note && !report.messages.empty()) note(report.summary());
+  auto database = form == Form::Dwg ? openDwg(file, report) : openDxf(file, report);
+  if (note && !report.messages.empty()) note(path + ":\n" + report.summary());
   return database;
 }
 
-base::Status saveDrawingFile(const Database& database, const std::string& path) {
-  if (!isDwg(path)) return unknownForm(path);
-  return saveDwg(database, base::resolvePath(base::wideFromUtf8(path)));
+base::Status saveDrawingFile(const Database& database, const std::string& path, const Note& note) {
+  const Form form = formOf(path);
+  if (form == Form::Unknown) return unknownForm(path);
+  const auto file = base::resolvePath(base::wideFromUtf8(path));
+  if (form == Form::Dwg) return saveDwg(database, file);
+  const std::string losses = dxfLosses(database);
+  if (note && !losses.empty())
+    note(path + ": a DXF file can't hold everything; left out: " + losses);
+  return saveDxf(database, file);
 }
 
 }  // namespace drafting

@@ -11,12 +11,15 @@
 
 namespace drafting {
 
-// `path` is UTF-8, in the notation of either system. Problems that don't keep the drawing from
-// being opened go to `note`.
-base::Result<std::unique_ptr<Database>> readDrawing(
-    const std::string& path, const std::function<void(std::string_view)>& note = {});
+// What the user should know of a drawing that is opened or saved all the same.
+using Note = std::function<void(std::string_view)>;
 
-// Atomically, keeping the old file as backup.
-base::Status saveDrawingFile(const Database& database, const std::string& path);
+// `path` is UTF-8, in the notation of either system.
+base::Result<std::unique_ptr<Database>> readDrawing(const std::string& path, const Note& note = {});
+
+// Atomically, keeping the old file as backup. What the form of file can't hold goes to `note`
+// before anything is written.
+base::Status saveDrawingFile(const Database& database, const std::string& path,
+                             const Note& note = {});
 
 }  // namespace drafting

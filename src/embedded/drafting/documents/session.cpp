@@ -59,7 +59,8 @@ base::Status Session::openDrawing(const std::string& path) {
 }
 
 base::Status Session::saveDrawing(const std::string& path) {
-  base::Status status = saveDrawingFile(database(), path);
+  base::Status status = saveDrawingFile(
+      database(), path, [this](std::string_view note) { print("\n" + std::string(note)); });
   if (status.ok()) {
     document_->path = path;
     database().journal().markSaved();

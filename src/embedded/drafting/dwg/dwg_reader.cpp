@@ -284,24 +284,6 @@ base::Result<std::unique_ptr<Database>> DwgReader::read(const std::string& name)
 
 }  // namespace
 
-void ReadReport::add(std::size_t offset, std::string text) {
-  if (messages.size() < kLimit) {
-    messages.push_back({offset, std::move(text)});
-  } else {
-    ++more;
-  }
-}
-
-std::string ReadReport::summary() const {
-  std::string out;
-  for (const ReadMessage& message : messages) {
-    if (message.offset != 0) out += "at " + hex(message.offset) + ": ";
-    out += message.text + "\n";
-  }
-  if (more > 0) out += "and " + std::to_string(more) + " more\n";
-  return out;
-}
-
 base::Result<std::unique_ptr<Database>> readDwg(std::string_view bytes, ReadReport& report,
                                                 std::string_view name) {
   const std::string shown(name);

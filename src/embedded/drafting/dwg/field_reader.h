@@ -50,6 +50,7 @@ class FieldReader {
   void normal(int, Point3& value) { value = data.point(); }
   void handle(const char*, int, std::uint8_t, Handle& value) { value = reference(); }
 
+  void recordFlags(Record&) {}
   void lineEnds(Line& line);
   void solidCorners(Solid& solid);
   void lwPolyline(LwPolyline& line);

@@ -41,6 +41,7 @@ class FieldWriter {
     references.reference(code, value);
   }
 
+  void recordFlags(const Record&) {}
   void lineEnds(const Line& line);
   void solidCorners(const Solid& solid);
   void lwPolyline(const LwPolyline& line);

@@ -75,7 +75,11 @@ bool isAscii(std::string_view text) {
 std::string decodeText(std::string_view bytes, int codePage) {
   if (codePage == kPlainUtf8) return std::string(bytes);
   if (!bytes.empty() && bytes.back() == '\0') bytes.remove_suffix(1);
-  std::string text = isAscii(bytes) ? std::string(bytes) : base::utf8FromCodePage(bytes, codePage);
+  return decodeEscapes(isAscii(bytes) ? std::string(bytes)
+                                      : base::utf8FromCodePage(bytes, codePage));
+}
+
+std::string decodeEscapes(std::string text) {
   if (text.find('\\') == std::string::npos) return text;
   std::string out;
   for (std::size_t at = 0; at < text.size();) {

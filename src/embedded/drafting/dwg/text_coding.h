@@ -14,6 +14,9 @@ inline constexpr int kPlainUtf8 = 0;
 // escape, so that it can't be mistaken for a carried byte.
 std::string decodeText(std::string_view bytes, int codePage);
 
+// The second half of that, for texts that are UTF-8 already.
+std::string decodeEscapes(std::string text);
+
 // Characters outside the code page become \U+XXXX.
 std::string encodeText(std::string_view utf8, int codePage);
 
