@@ -17,15 +17,49 @@ class Cloner {
     CloneResult result;
     name_ = name;
     result.block = makeBlock(name, source_.modelSpace(), source_.header.point("INSBASE"));
-    if (rawEntities_ > 0) {
-      result.leftBehind.push_back(std::to_string(rawEntities_) +
-                                  " entities of unknown kinds were left out of block " +
-                                  std::string(name));
-    }
+    result.leftBehind = leftBehind(name);
     return result;
   }
 
+  // The block's content as the target's model space.
+  std::vector<std::string> writeOut(const BlockRecord& block) {
+    takeStandards();
+    for (const Entity* entity = block.first; entity; entity = entity->next) {
+      copyInto(target_.modelSpace(), *entity);
+    }
+    target_.header.set("INSBASE", block.base);
+    return leftBehind(block.name);
+  }
+
  private:
+  std::vector<std::string> leftBehind(std::string_view name) const {
+    if (rawEntities_ == 0) return {};
+    return {std::to_string(rawEntities_) + " entities of unknown kinds were left out of block " +
+            std::string(name)};
+  }
+
+  // What every new drawing has under the same name, and what gives its numbers their meaning.
+  void takeStandards() {
+    for (const char* name :
+         {"INSUNITS", "MEASUREMENT", "LUNITS", "LUPREC", "LTSCALE", "DIMSCALE", "TEXTSIZE"}) {
+      target_.header.set(name, *source_.header.find(name));
+    }
+    auto* layer = target_.find<Layer>(target_.findRecord(Table::Layers, "0"));
+    if (const auto* from = source_.find<Layer>(source_.findRecord(Table::Layers, "0"))) {
+      layer->colour = from->colour;
+      layer->lineweight = from->lineweight;
+      layer->linetype = record<Linetype>(Table::Linetypes, from->linetype);
+    }
+    auto* style = target_.find<TextStyle>(target_.findRecord(Table::Styles, "Standard"));
+    const auto* from = source_.find<TextStyle>(source_.findRecord(Table::Styles, "Standard"));
+    if (!from) return;
+    style->font = from->font;
+    style->bigFont = from->bigFont;
+    style->widthFactor = from->widthFactor;
+    style->oblique = from->oblique;
+    style->fixedHeight = from->fixedHeight;
+  }
+
   Handle makeBlock(std::string_view name, const BlockRecord& from, const Point3& base) {
     auto record = std::make_unique<BlockRecord>();
     record->name = name;
@@ -154,6 +188,16 @@ class Cloner {
 
 CloneResult cloneAsBlock(Database& target, const Database& source, std::string_view name) {
   return Cloner(target, source).run(name);
+}
+
+WrittenBlock drawingOfBlock(const Database& source, const BlockRecord& block) {
+  WrittenBlock written;
+  written.drawing = Database::makeNew();
+  written.drawing->codePage = source.codePage;
+  written.drawing->journal().setRecording(false);
+  written.leftBehind = Cloner(*written.drawing, source).writeOut(block);
+  written.drawing->journal().setRecording(true);
+  return written;
 }
 
 }  // namespace drafting

@@ -1,7 +1,9 @@
-// Copies between drawings: what INSERT of a file does. Layers, linetypes, styles, applications and
-// blocks go by name: what the target has already counts, what it lacks is copied along.
+// Copies between drawings: what INSERT of a file does, and writing a block out. Layers, linetypes,
+// styles, applications and blocks go by name: what the target has already counts, what it lacks is
+// copied along.
 #pragma once
 
+#include <memory>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -19,5 +21,14 @@ struct CloneResult {
 // Makes a block named `name` in `target` from the model space of `source`, whose insertion base
 // becomes the block's base point. The name must be free.
 CloneResult cloneAsBlock(Database& target, const Database& source, std::string_view name);
+
+struct WrittenBlock {
+  std::unique_ptr<Database> drawing;
+  std::vector<std::string> leftBehind;
+};
+
+// A new drawing whose model space is the block's content and whose insertion base the block's base
+// point. Units and scales, layer 0 and the Standard text style are those of `source`.
+WrittenBlock drawingOfBlock(const Database& source, const BlockRecord& block);
 
 }  // namespace drafting

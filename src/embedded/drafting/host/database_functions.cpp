@@ -81,6 +81,49 @@ Acad::ErrorStatus AcDbDatabase::readDwgFile(const wchar_t* path, int, bool, cons
   return Acad::eOk;
 }
 
+Acad::ErrorStatus AcDbDatabase::wblock(AcDbDatabase*& out, AcDbObjectId block) {
+  const drafting::Database* database = state_->database();
+  if (!database) return Acad::eNoDatabase;
+  if (block.isNull()) return Acad::eNullObjectId;
+  if (block.stub()->database != state_.get()) return Acad::eInvalidInput;
+  const auto* record = database->find<drafting::BlockRecord>(block.stub()->handle);
+  if (!record) return Acad::eNotThatKindOfClass;
+  if (Session::active().faults.fails("wblock")) return Acad::eFilerError;
+  drafting::WrittenBlock written = drafting::drawingOfBlock(*database, *record);
+  for (const std::string& loss : written.leftBehind) Session::active().print("\n" + loss);
+  out = new AcDbDatabase(std::make_shared<AcDbDatabaseState>(std::move(written.drawing)));
+  return Acad::eOk;
+}
+
+namespace {
+
+// "" and "." stand for the usual arrowhead, anything else for a block of that name.
+Acad::ErrorStatus setArrowhead(AcDbDatabaseState& state, const char* variable,
+                               const wchar_t* name) {
+  drafting::Database* database = state.database();
+  if (!database) return Acad::eNoDatabase;
+  const std::string wanted = drafting::utf8(name);
+  drafting::Handle block = 0;
+  if (!wanted.empty() && wanted != ".") {
+    block = database->findRecord(drafting::Table::Blocks, wanted);
+    if (block == 0) return Acad::eKeyNotFound;
+  }
+  database->setVariable(variable, block);
+  return Acad::eOk;
+}
+
+}  // namespace
+
+Acad::ErrorStatus AcDbDatabase::setDimblk(const wchar_t* name) {
+  return setArrowhead(*state_, "DIMBLK", name);
+}
+Acad::ErrorStatus AcDbDatabase::setDimblk1(const wchar_t* name) {
+  return setArrowhead(*state_, "DIMBLK1", name);
+}
+Acad::ErrorStatus AcDbDatabase::setDimblk2(const wchar_t* name) {
+  return setArrowhead(*state_, "DIMBLK2", name);
+}
+
 AcGePoint3d AcDbDatabase::insbase() const {
   const drafting::Point3 base =
       state_->database() ? state_->database()->header.point("INSBASE") : drafting::Point3{};
