@@ -307,6 +307,22 @@ class Convert(Install):
         after, _ = self.run_vornik("dump", "--json", "copy.dwg")
         self.assertEqual(after, before)
 
+    def entities(self, name):
+        """What a drawing shows, without the handles, which a form may give anew."""
+        out, _ = self.run_vornik("dump", "--json", name)
+        kept = ("space", "type", "layer", "colour", "block", "position", "start", "end", "points",
+                "width", "text", "height", "rotation", "xdata")
+        return [{name: one.get(name) for name in kept}
+                for one in map(json.loads, out.splitlines()) if "space" in one]
+
+    def test_dxf_and_back_shows_the_same(self):
+        self.run_vornik("convert", "chain.dwg", "chain.dxf")
+        self.run_vornik("convert", "chain.dxf", "back.dwg")
+        self.assertEqual(self.entities("back.dwg"), self.entities("chain.dwg"))
+        for name in ("chain.dxf", "back.dwg"):
+            self.run_vornik("plot", name, "--output", name + ".svg")
+        self.assertEqual(self.bytes_of("chain.dxf.svg"), self.bytes_of("back.dwg.svg"))
+
 
 def main():
     global WINDOWS
