@@ -7,4 +7,5 @@
 #include "platform/framework_files.h"
 #include "platform/framework_module.h"
 #include "platform/framework_runtime.h"
+#include "platform/framework_shapes.h"
 #include "platform/framework_text.h"
