@@ -23,7 +23,13 @@ struct TqByObject {
   }
 };
 
-// Class template to name a slot type without deducing it twice.
+template <class T>
+T& tqObjectOf(T* slot) {
+  TQ_REQUIRE(slot != 0, "the slot holds an object");
+  return *slot;
+}
+
+// Names the type of a slot for the searches.
 template <class T>
 struct TqSlot {
   static T* const* none() { return 0; }

@@ -8,9 +8,9 @@
   // Number of slots with an object. O(length).
   TqLong GetDataNum() const { return tqGetDataNum<T>(*this); }
   // The object at i; grows and moves the cursor as operator[] does. The slot must not be null.
-  T& operator()(TqLong i) { return *(*this)[i]; }
-  const T& GetPData(TqLong i) const { return *this->GetAt(i); }
-  T& GetCurPData() { return *this->GetCurData(); }
+  T& operator()(TqLong i) { return tqObjectOf((*this)[i]); }
+  const T& GetPData(TqLong i) const { return tqObjectOf(this->GetAt(i)); }
+  T& GetCurPData() { return tqObjectOf(this->GetCurData()); }
   // Takes an object into the first empty slot, a new one at the end if there is none; returns the
   // index, where the cursor is then.
   TqLong PlaceIn(T* object) { return tqPlaceIn<T>(*this, object); }

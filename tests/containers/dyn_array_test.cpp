@@ -264,6 +264,9 @@ TEST(DynArrayDeathTest, DebugBuildsNameTheBrokenPrecondition) {
   TqDynArray<double> array;
   EXPECT_DEATH(array.GetAt(3), "the index is inside of the array");
   EXPECT_DEATH(array.DelCur(), "the cursor is on the element that is deleted");
+  TqDynPArray<Tracked> slots;
+  slots.Append(nullptr);
+  EXPECT_DEATH(slots.GetPData(0), "the slot holds an object");
 }
 #endif
 
