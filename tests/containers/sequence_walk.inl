@@ -219,7 +219,8 @@ void SequenceWalk<Kind, Sequence>::addSearches() {
               model.find(key, from, to));
     Queue queue;
     const int last = to == -1 || to >= model.length() ? model.length() - 1 : to;
-    EXPECT_EQ(base().Find(make(key), queue, from, to), queue.GetCount());
+    const TqLong count = base().Find(make(key), queue, from, to);
+    EXPECT_EQ(count, queue.GetCount());
     std::vector<TqLong> found;
     for (int i = from; i <= last; ++i)
       if (model.at(i) == key) found.push_back(i);
