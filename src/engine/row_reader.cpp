@@ -12,6 +12,7 @@ namespace {
 using Message = const wchar_t*;  // null: go on
 
 constexpr Message kWrongContent = L"\n行内容错误";
+constexpr Message kWrongLibraryRow = L"\n 行内容错误!";  // the library's own wording
 constexpr Message kNameCount = L"\n块名个数不匹配";
 constexpr Message kPointCount = L"\n插入点个数不匹配";
 constexpr Message kAngleCount = L"\n块角度个数不匹配";
@@ -22,7 +23,8 @@ constexpr Message kFormat2 = L"\n数据格式错误2";
 constexpr Message kFormat3 = L"\n数据格式错误3";
 constexpr Message kNoData = L"\n数据文件中该数据行无数据!";
 
-constexpr int kMarkerTail = 5;  // the four characters of a marker and its closing quote
+constexpr std::size_t kNumberBegin = 2;  // behind (" in a row
+constexpr int kMarkerTail = 5;           // the four characters of a marker and its closing quote
 
 // Where the parts of a row meet; -1 for what isn't there.
 struct Markers {
@@ -125,7 +127,9 @@ class BlockPass {
       case 1: out_.specifications.push_back(trimmed(token)); return nullptr;
       case 2: x_ = number(token); return nullptr;
       case 3: return appendAt(out_.points, {x_, number(token)}, block) ? nullptr : kPointCount;
-      default: return appendAt(out_.angles, number(token), block) ? nullptr : kAngleCount;
+      default:
+        out_.angleTexts.push_back(token);
+        return appendAt(out_.angles, number(token), block) ? nullptr : kAngleCount;
     }
   }
 
@@ -223,5 +227,19 @@ Message readInto(const std::wstring& row, CircuitRow& out) {
 RowReading readRow(const std::wstring& row) {
   RowReading reading;
   if (Message message = readInto(row, reading.row)) reading.message = message;
+  return reading;
+}
+
+LibraryRowReading readLibraryRow(const std::wstring& row) {
+  LibraryRowReading reading;
+  const std::size_t blank = row.find(L' ');
+  if (blank == std::wstring::npos) {
+    reading.message = kWrongLibraryRow;
+    return reading;
+  }
+  // Without the closing quote; empty when the blank comes too early.
+  reading.number = blank > kNumberBegin + 1 ? row.substr(kNumberBegin, blank - kNumberBegin - 1)
+                                            : std::wstring();
+  if (Message message = readInto(L"(" + row.substr(blank), reading.row)) reading.message = message;
   return reading;
 }

@@ -1,5 +1,5 @@
-// Reads a circuit's data row into the eleven lists that placing works from. Pure: text in, lists or
-// one message out. The form of a row:
+// Reads a circuit's data row into the lists that placing and editing work from. Pure: text in,
+// lists or one message out. The form of a row:
 //
 //   ("<number>" <block>... "&&&&" <line>... "TEXT" <text>...)
 //
@@ -11,6 +11,7 @@
 #pragma once
 
 #include <cstdint>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -26,7 +27,8 @@ struct CircuitRow {
   std::vector<std::wstring> names;
   std::vector<std::wstring> specifications;
   std::vector<RowPoint> points;
-  std::vector<double> angles;  // degrees
+  std::vector<double> angles;            // degrees
+  std::vector<std::wstring> angleTexts;  // the same as they stand in the row
   std::vector<RowPoint> starts;
   std::vector<RowPoint> ends;
   std::vector<std::wstring> texts;
@@ -42,4 +44,13 @@ struct RowReading {
   bool ok() const { return message.empty(); }
 };
 
+// As placing reads a row: on the command line's terms.
 RowReading readRow(const std::wstring& row);
+
+// As the library reads a row. It takes the number off first, up to the first blank whatever the
+// characters around it, and searches the markers only behind it; so the row's first character may
+// be any, and a blank inside the number's quotes ends the number.
+struct LibraryRowReading : RowReading {
+  std::optional<std::wstring> number;  // none when the row has no blank
+};
+LibraryRowReading readLibraryRow(const std::wstring& row);

@@ -31,6 +31,10 @@ void unlockDoc();
 int GetPoint(const AcGePoint2d* base, const wchar_t* prompt, int flags, AcGePoint2d& point,
              wchar_t* keyword);
 
+// --- geometry ---
+// The point at that distance in that direction, in radians; z stays.
+AcGePoint3d arx_polar(const AcGePoint3d& from, double angle, double distance);
+
 // --- entities ---
 // Puts the chain onto the entity as the application's extended data; the chain stays the caller's.
 int AddXdata(const ads_name entity, const wchar_t* application, const resbuf* chain);

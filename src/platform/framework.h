@@ -5,6 +5,7 @@
 #include "platform/framework_arrays.h"
 #include "platform/framework_exceptions.h"
 #include "platform/framework_files.h"
+#include "platform/framework_messages.h"
 #include "platform/framework_module.h"
 #include "platform/framework_runtime.h"
 #include "platform/framework_shapes.h"

@@ -2,16 +2,12 @@
 #include "store/circuit_record.h"
 
 #include <algorithm>
-#include <cmath>
-#include <limits>
 
 #include "module/tree_values.h"
 #include "platform/framework_runtime.h"
+#include "store/pixels.h"
 
 namespace {
-
-constexpr double kPixelsPerUnitX = 4.0;
-constexpr double kPixelsPerUnitY = 2.5;
 
 // Reads below one element's key.
 class ElementReader {
@@ -88,13 +84,6 @@ bool readText(const ElementReader& from, ZhlkElement& element) {
 
 std::wstring quoted(const std::wstring& text) { return L" \"" + text + L"\""; }
 
-// Towards zero; what no pixel can be is brought to the limit.
-std::int32_t truncated(double value) {
-  constexpr double kMost = std::numeric_limits<std::int32_t>::max();
-  if (std::isnan(value)) return 0;
-  return static_cast<std::int32_t>(std::clamp(value, -kMost, kMost));
-}
-
 }  // namespace
 
 std::int16_t CZhlkCircuitRecord::GetBlockCount() const { return countAt(tree, L"块"); }
@@ -153,6 +142,6 @@ void CZhlkCircuitRecord::BuildRow(CString& out) const {
 
 void CZhlkCircuitRecord::DrawingToScreen(double x, double y, POINT& pixel) const {
   // The sum is truncated, and not the product.
-  pixel.x = truncated(origin.x + kPixelsPerUnitX * x);
-  pixel.y = truncated(origin.y - kPixelsPerUnitY * y);
+  pixel.x = toPixels(origin.x + kPixelsPerUnitX * x);
+  pixel.y = toPixels(origin.y - kPixelsPerUnitY * y);
 }

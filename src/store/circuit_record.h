@@ -29,6 +29,8 @@
 #include "platform/framework_text.h"
 #include "platform/quill_data.h"
 
+struct CircuitRow;
+
 // Names of symbols with a meaning of their own; compared exactly.
 constexpr const wchar_t* kEmptyCell = L"F002";    // a free position; stands for unknown symbols too
 constexpr const wchar_t* kCoveredCell = L"NULL";  // beneath a three-wide neighbour; in no row
@@ -78,6 +80,13 @@ class CZhlkCircuitRecord {
   // The tree as a data row. Covered cells are left out.
   void BuildRow(CString& row) const;
 
+  // Stores both and expands the row.
+  void Load(const CString& circuitRow, const CString& circuitName);
+  // The row as elements in the tree, which must be empty; the scroll size and origin that show
+  // them. A record without a number takes the row's. A row that can't be read gives a message and
+  // leaves the tree empty.
+  void ExpandRow();
+
   // 1 with the path for that mode, or 0 without touching it. Names compare whole, without case.
   int FindSymbolFile(const CString& symbol, CString& path, int mode) const;
   // The symbol's slide; empty when there is none. An unknown symbol's name becomes that of the
@@ -96,6 +105,11 @@ class CZhlkCircuitRecord {
   CQuillDpData tree;
 
  private:
+  void layOut(const CircuitRow& circuit);
+  void expandBlocks(const CircuitRow& circuit);
+  void expandTexts(const CircuitRow& circuit);
+  void expandLines(const CircuitRow& circuit);
+
   std::optional<std::string> symbolIndex_;  // the directory file
   std::wstring symbolFolder_;               // with its final backslash
 };

@@ -54,9 +54,13 @@ int CZhlkCircuitRecord::FindSymbolFile(const CString& symbol, CString& path, int
     if (!equalWithoutCase(wideFromAnsi(name), symbol.wide())) continue;
     // The folder's number is taken with its blanks, which no delivered library has.
     const std::wstring number = wideFromAnsi(index.substr(at + kNameSize, kNumberSize));
-    const std::wstring folder = L"dqbl" + number;
-    const std::wstring file = mode == kSymbolSlides ? folder + L".slb" : symbol.wide() + L".dwg";
-    path = symbolFolder_ + folder + L"\\" + file;
+    CString file;
+    if (mode == kSymbolSlides) {
+      file.Format(L"dqbl%s\\dqbl%s.slb", number.c_str(), number.c_str());
+    } else {
+      file.Format(L"dqbl%s\\%s.dwg", number.c_str(), symbol.GetString());
+    }
+    path = symbolFolder_ + file.wide();
     return 1;
   }
   return 0;

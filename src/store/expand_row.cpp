@@ -1,0 +1,203 @@
+// From a circuit's row to its tree: the layout in pixels, then blocks, texts and lines.
+#include <algorithm>
+#include <limits>
+#include <numbers>
+
+#include "engine/row_reader.h"
+#include "module/tree_values.h"
+#include "platform/common_funcs.h"
+#include "platform/framework_messages.h"
+#include "store/circuit_record.h"
+#include "store/pixels.h"
+
+namespace {
+
+constexpr const wchar_t* kCaption = L"回路编辑";
+
+constexpr double kMarginX = 15.0;  // drawing units
+constexpr double kMarginY = 10.0;
+constexpr double kFirstY = -10.0;  // where the range of y starts, both ends
+constexpr int kOriginY = 15;       // pixels, as all below
+constexpr int kHalfWidth = 12;
+constexpr int kWideHalfWidth = 36;
+constexpr int kCellHeight = 20;
+constexpr int kSpecificationLeft = 24;
+constexpr int kSpecificationRight = 65;
+
+// Writes below one element's key.
+class ElementWriter {
+ public:
+  ElementWriter(CQuillDpData& tree, const wchar_t* list, std::size_t index, int mark)
+      : tree_(tree), key_(std::wstring(list) + L"\\" + std::to_wstring(index)) {
+    storeNumber(tree_, key_, mark);
+  }
+
+  void text(const std::wstring& name, const std::wstring& value) {
+    storeText(tree_, key_ + L"\\" + name, value);
+  }
+  void number(const std::wstring& name, std::int32_t value) {
+    storeNumber(tree_, key_ + L"\\" + name, value);
+  }
+  void real(const std::wstring& name, double value) {
+    CString printed;
+    printed.Format(L"%f", value);
+    text(name, printed.wide());
+  }
+  void point(const std::wstring& name, RowPoint value) {
+    real(name + L"\\x", value.x);
+    real(name + L"\\y", value.y);
+  }
+  void pixel(const std::wstring& name, const POINT& value) {
+    number(name + L"\\x", value.x);
+    number(name + L"\\y", value.y);
+  }
+  void rectangle(const std::wstring& name, const RECT& value) {
+    number(name + L"\\left", value.left);
+    number(name + L"\\top", value.top);
+    number(name + L"\\right", value.right);
+    number(name + L"\\bottom", value.bottom);
+  }
+  // Bytes beyond a tree value's length are none: the cell then shows an empty frame.
+  void bytes(const std::wstring& name, const CByteArray& value) {
+    const int size =
+        value.GetSize() > std::numeric_limits<std::int16_t>::max() ? 0 : value.GetSize();
+    tree_.SetSubValueForByteW((key_ + L"\\" + name).c_str(), static_cast<std::int16_t>(size),
+                              value.GetData());
+  }
+
+ private:
+  CQuillDpData& tree_;
+  std::wstring key_;
+};
+
+struct Range {
+  double least;
+  double most;
+  explicit Range(double start) : least(start), most(start) {}
+  void add(double value) {
+    least = std::min(least, value);
+    most = std::max(most, value);
+  }
+  double size() const { return most - least; }
+};
+
+// The rows of texts may end inside a text: what is missing counts as nothing.
+template <typename Element>
+Element at(const std::vector<Element>& list, std::size_t index) {
+  return index < list.size() ? list[index] : Element();
+}
+
+std::int32_t moved(std::int32_t pixel, std::int32_t by) {
+  constexpr std::int64_t kLeast = std::numeric_limits<std::int32_t>::min();
+  constexpr std::int64_t kMost = std::numeric_limits<std::int32_t>::max();
+  return static_cast<std::int32_t>(
+      std::clamp(static_cast<std::int64_t>(pixel) + by, kLeast, kMost));
+}
+
+bool isWide(const CString& symbol) {
+  CString capitals = symbol;
+  return capitals.MakeUpper().Find(L"ZHL3") == 0;
+}
+
+}  // namespace
+
+void CZhlkCircuitRecord::Load(const CString& circuitRow, const CString& circuitName) {
+  row = circuitRow;
+  name = circuitName;
+  ExpandRow();
+}
+
+void CZhlkCircuitRecord::ExpandRow() {
+  const LibraryRowReading reading = readLibraryRow(row.wide());
+  if (number.IsEmpty() && reading.number) number = *reading.number;
+  if (!reading.ok()) {
+    showMessageBox({.text = reading.message, .caption = kCaption});
+    return;
+  }
+  layOut(reading.row);
+  expandBlocks(reading.row);
+  expandTexts(reading.row);
+  expandLines(reading.row);
+}
+
+// A circuit narrower than the view is centred on x = 0, a wider one on its scroll width, wherever
+// it lies. Both ranges hold their start: a circuit to the right of 0 keeps the room on its left.
+void CZhlkCircuitRecord::layOut(const CircuitRow& circuit) {
+  Range x(0);
+  Range y(kFirstY);
+  for (const auto* points : {&circuit.points, &circuit.ends, &circuit.starts}) {
+    for (const RowPoint& point : *points) {
+      x.add(point.x);
+      y.add(point.y);
+    }
+  }
+  scrollSize = {toPixels((x.size() + kMarginX) * kPixelsPerUnitX),
+                toPixels((y.size() + kMarginY) * kPixelsPerUnitY)};
+  origin = {toPixels(0.5 * std::max(scrollSize.cx, frame.right)), kOriginY};
+}
+
+void CZhlkCircuitRecord::expandBlocks(const CircuitRow& circuit) {
+  storeNumber(tree, L"块", static_cast<std::int32_t>(circuit.names.size()));
+  for (std::size_t n = 0; n < circuit.names.size(); ++n) {
+    ElementWriter to(tree, L"块", n, kBlockElement);
+    to.text(L"块名", circuit.names[n]);
+    // The tree keeps an unknown symbol's name and shows the empty cell.
+    CString shown = circuit.names[n];
+    CByteArray bytes;
+    LoadSymbolSlide(shown, bytes);
+    to.bytes(L"Sld", bytes);
+    to.point(L"插入点", circuit.points[n]);
+    to.text(L"角度", circuit.angleTexts[n]);
+    POINT place{};
+    DrawingToScreen(circuit.points[n].x, circuit.points[n].y, place);
+    const int half = isWide(shown) ? kWideHalfWidth : kHalfWidth;
+    RECT cell{moved(place.x, -half), place.y, moved(place.x, half), moved(place.y, kCellHeight)};
+    to.rectangle(L"块名", cell);
+    cell.left = moved(cell.left, kSpecificationLeft);
+    cell.right = moved(cell.right, kSpecificationRight);
+    to.text(L"型号规格", circuit.specifications[n]);
+    to.rectangle(L"型号规格", cell);
+  }
+}
+
+void CZhlkCircuitRecord::expandTexts(const CircuitRow& circuit) {
+  storeNumber(tree, L"文字", static_cast<std::int32_t>(circuit.texts.size()));
+  for (std::size_t n = 0; n < circuit.texts.size(); ++n) {
+    const double height = at(circuit.heights, n);
+    const double degrees = at(circuit.textAngles, n);
+    const RowPoint insertion = at(circuit.textPoints, n);
+    ElementWriter to(tree, L"文字", n, kTextElement);
+    to.text(L"文字", circuit.texts[n]);
+    to.number(L"颜色", at(circuit.colours, n));
+    to.real(L"字高", height);
+    to.real(L"角度", degrees);
+    to.point(L"插入点", insertion);
+    const double angle = degrees * std::numbers::pi / 180;
+    const double across = angle + std::numbers::pi / 2;
+    const double length = height * static_cast<double>(circuit.texts[n].size());
+    const AcGePoint3d first{insertion.x, insertion.y, 0};
+    const AcGePoint3d second = arx_polar(first, angle, length);
+    const AcGePoint3d corners[] = {first, second, arx_polar(second, across, height),
+                                   arx_polar(first, across, height)};
+    for (int i = 0; i < 4; ++i) {
+      POINT pixel{};
+      DrawingToScreen(corners[i].x, corners[i].y, pixel);
+      to.pixel(L"点" + std::to_wstring(i + 1), pixel);
+    }
+  }
+}
+
+void CZhlkCircuitRecord::expandLines(const CircuitRow& circuit) {
+  storeNumber(tree, L"线", static_cast<std::int32_t>(circuit.starts.size()));
+  for (std::size_t n = 0; n < circuit.starts.size(); ++n) {
+    ElementWriter to(tree, L"线", n, kLineElement);
+    const auto end = [&](const wchar_t* drawing, const wchar_t* screen, RowPoint point) {
+      to.point(drawing, point);
+      POINT pixel{};
+      DrawingToScreen(point.x, point.y, pixel);
+      to.pixel(screen, pixel);
+    };
+    end(L"起点", L"屏幕起点", circuit.starts[n]);
+    end(L"终点", L"屏幕终点", circuit.ends[n]);
+  }
+}
