@@ -23,20 +23,28 @@ bool same(const std::vector<Element>& a, const std::vector<Element>& b) {
                     [](const Element& x, const Element& y) { return same(x, y); });
 }
 
-}  // namespace
-
-extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-  std::wstring text = base::wideFromUtf8({reinterpret_cast<const char*>(data), size});
-  std::erase(text, L'\0');  // the model's numbers end there
-  const RowReading real = readRow(text);
-  const RowReading model = test::modelReadRow(text);
+void requireSame(const RowReading& real, const RowReading& model) {
   const CircuitRow& a = real.row;
   const CircuitRow& b = model.row;
   require(real.message == model.message);
   require(a.names == b.names && a.specifications == b.specifications);
   require(same(a.points, b.points) && same(a.angles, b.angles));
+  require(a.angleTexts.size() == a.angles.size());
   require(same(a.starts, b.starts) && same(a.ends, b.ends));
   require(a.texts == b.texts && a.colours == b.colours && same(a.heights, b.heights));
   require(same(a.textPoints, b.textPoints) && same(a.textAngles, b.textAngles));
+}
+
+}  // namespace
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+  std::wstring text = base::wideFromUtf8({reinterpret_cast<const char*>(data), size});
+  std::erase(text, L'\0');  // the model's numbers end there
+  requireSame(readRow(text), test::modelReadRow(text));
+  // The library reads what stands behind the number as placing reads a row.
+  const LibraryRowReading library = readLibraryRow(text);
+  const std::size_t blank = text.find(L' ');
+  require(library.number.has_value() == (blank != std::wstring::npos));
+  if (library.number) requireSame(library, test::modelReadRow(L"(" + text.substr(blank)));
   return 0;
 }
