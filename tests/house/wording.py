@@ -10,8 +10,8 @@ import re
 import subprocess
 import sys
 
-# Licences are others' words.
-EXEMPT = {"DEVELOPERS.md", "LICENSE", "src/embedded/drafting/display/glyphs/ARPHICPL.TXT"}
+# A licence is others' words.
+EXEMPT = {"DEVELOPERS.md", "LICENSE"}
 NUMBERED = re.compile(r"\bparts?\s+[1-9]\.\d", re.IGNORECASE)
 DOCUMENT = re.compile(
     r"\bspec\.md\b|\b(?:as|than|per|by)\s+(?:the\s+)?spec(?:ified|ification)?\b"
