@@ -89,7 +89,8 @@ def first_level():
 def chinese(folder):
     print("// Made by tools/make_glyphs.py on 2026-11-21 from the medians of hanzi-writer-data 2.0.1,")
     print("// thinned and brought to a grid of 64; not edited by hand. Derived from AR PL fonts,")
-    print("// Copyright (C) 1999 Arphic Technology Co., Ltd.; free under the licence in ARPHICPL.TXT.gz beside this file.")
+    print("// Copyright (C) 1999 Arphic Technology Co., Ltd.; free under the licence in ARPHICPL.TXT.gz")
+    print("// beside this file.")
     for character in sorted([*first_level(), *RARER]):
         path = folder / f"{character}.json"
         medians = json.loads(path.read_text(encoding="utf-8"))["medians"]

@@ -1,5 +1,5 @@
 // Three passes over the row: blocks, lines, texts, each up to the marker of the next. The markers
-// are the first "&&&&" and the first "TEXT" wherever they stand, also inside a specification.
+// are the first "&&&&" and the first "TEXT" wherever they stand, also inside a model specification.
 #include "engine/row_reader.h"
 
 #include <cstddef>
@@ -57,7 +57,7 @@ bool appendAt(std::vector<Element>& list, Element element, std::size_t index) {
   return list.size() - 1 == index;
 }
 
-// The pass over the blocks: the only one that knows quotes, since specifications hold blanks.
+// The pass over the blocks: the only one that knows quotes, since model specifications hold blanks.
 class BlockPass {
  public:
   BlockPass(const std::wstring& row, CircuitRow& out) : row_(row), out_(out) {}
