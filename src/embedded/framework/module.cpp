@@ -2,6 +2,7 @@
 #include <algorithm>
 #include <vector>
 
+#include "embedded/framework/linked_libraries.h"
 #include "platform/framework_module.h"
 
 namespace {
@@ -12,6 +13,8 @@ std::vector<CDynLinkLibrary*>& libraries() {
 }
 
 }  // namespace
+
+const std::vector<CDynLinkLibrary*>& framework::linkedLibraries() { return libraries(); }
 
 bool AfxInitExtensionModule(AFX_EXTENSION_MODULE& record, HINSTANCE instance) {
   if (record.bInitialized) return true;
