@@ -1,7 +1,9 @@
 // The slow reader. Written as the row's rules read, step by step.
 #include "engine/row_reader_model.h"
 
+#include <algorithm>
 #include <climits>
+#include <cmath>
 #include <cwchar>
 
 namespace test {
@@ -199,6 +201,38 @@ RowReading modelReadRow(const std::wstring& row) {
     result.message = L"\n数据文件中该数据行无数据!";
   }
   return result;
+}
+
+namespace {
+
+bool same(double a, double b) { return a == b || (std::isnan(a) && std::isnan(b)); }
+bool same(const RowPoint& a, const RowPoint& b) { return same(a.x, b.x) && same(a.y, b.y); }
+
+template <typename Element>
+bool same(const std::vector<Element>& a, const std::vector<Element>& b) {
+  return std::equal(a.begin(), a.end(), b.begin(), b.end(),
+                    [](const Element& x, const Element& y) { return same(x, y); });
+}
+
+bool sameBlocks(const CircuitRow& a, const CircuitRow& b) {
+  return a.names == b.names && a.specifications == b.specifications && same(a.points, b.points) &&
+         same(a.angles, b.angles) && a.angleTexts.size() == b.angles.size();
+}
+
+bool sameLines(const CircuitRow& a, const CircuitRow& b) {
+  return same(a.starts, b.starts) && same(a.ends, b.ends);
+}
+
+bool sameTexts(const CircuitRow& a, const CircuitRow& b) {
+  return a.texts == b.texts && a.colours == b.colours && same(a.heights, b.heights) &&
+         same(a.textPoints, b.textPoints) && same(a.textAngles, b.textAngles);
+}
+
+}  // namespace
+
+bool sameReading(const RowReading& real, const RowReading& model) {
+  return real.message == model.message && sameBlocks(real.row, model.row) &&
+         sameLines(real.row, model.row) && sameTexts(real.row, model.row);
 }
 
 }  // namespace test

@@ -8,4 +8,8 @@ namespace test {
 
 RowReading modelReadRow(const std::wstring& row);
 
+// The same message and the same lists, "nan" agreeing with itself, and the real reader's angle
+// texts one to an angle (the model keeps none).
+bool sameReading(const RowReading& real, const RowReading& model);
+
 }  // namespace test

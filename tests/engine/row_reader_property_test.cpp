@@ -2,8 +2,6 @@
 // heaps of the characters that mean something in a row.
 #include <gtest/gtest.h>
 
-#include <algorithm>
-#include <cmath>
 #include <random>
 
 #include "engine/row_reader.h"
@@ -81,28 +79,12 @@ class RandomRows {
 };
 
 // "nan" agrees with itself.
-bool same(double a, double b) { return a == b || (std::isnan(a) && std::isnan(b)); }
-bool same(const RowPoint& a, const RowPoint& b) { return same(a.x, b.x) && same(a.y, b.y); }
-
-template <typename Element>
-bool same(const std::vector<Element>& a, const std::vector<Element>& b) {
-  return std::equal(a.begin(), a.end(), b.begin(), b.end(),
-                    [](const Element& x, const Element& y) { return same(x, y); });
-}
-
 void expectAgreement(const std::wstring& text) {
   const RowReading real = readRow(text);
   const RowReading model = test::modelReadRow(text);
-  ASSERT_EQ(real.message, model.message) << testing::PrintToString(text);
-  const CircuitRow& a = real.row;
-  const CircuitRow& b = model.row;
-  EXPECT_TRUE(a.names == b.names && a.specifications == b.specifications &&
-              same(a.points, b.points) && same(a.angles, b.angles))
-      << testing::PrintToString(text);
-  EXPECT_TRUE(same(a.starts, b.starts) && same(a.ends, b.ends)) << testing::PrintToString(text);
-  EXPECT_TRUE(a.texts == b.texts && a.colours == b.colours && same(a.heights, b.heights) &&
-              same(a.textPoints, b.textPoints) && same(a.textAngles, b.textAngles))
-      << testing::PrintToString(text);
+  EXPECT_TRUE(test::sameReading(real, model))
+      << testing::PrintToString(text) << "\nreal: " << testing::PrintToString(real.message)
+      << "\nmodel: " << testing::PrintToString(model.message);
 }
 
 constexpr int kRounds = 3000;

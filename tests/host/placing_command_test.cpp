@@ -4,6 +4,7 @@
 #include "host/host_fixture.h"
 #include "module/tree_values.h"
 #include "platform/framework_exceptions.h"
+#include "support/raises.h"
 
 namespace {
 
@@ -295,12 +296,7 @@ TEST_F(PlacingCommandTest, BadIndexLeavesNoUndoGroupOpen) {
   send(AcRx::kInitAppMsg);
   select(8);
   host().answers = {point(0, 0), key(L"S")};
-  try {
-    PlacingCommand().run();
-    FAIL() << "no exception";
-  } catch (CException* exception) {
-    exception->Delete();
-  }
+  test::expectRaised<CException>([] { PlacingCommand().run(); });
   EXPECT_EQ(host().undoDepth, 0);
 }
 

@@ -120,10 +120,10 @@ TEST_F(LibraryStore, TextWithoutSeparatorIsNoList) {
 TEST_F(LibraryStore, ListShorterThanItsLengthRaises) {
   put({{L"ZHLSY", joined({L"A"})}, {L"ZHLSY\\长度", L"3"}});
   CString out;
-  expectInvalidArgument([&] { store_->GetNameAt(2, out); });
-  expectInvalidArgument([&] { store_->RenameAt(2, L"B"); });
-  expectInvalidArgument([&] { store_->DeleteAt(2); });
-  expectInvalidArgument([&] { store_->HasCircuit(2); });
+  test::expectInvalidArgument([&] { store_->GetNameAt(2, out); });
+  test::expectInvalidArgument([&] { store_->RenameAt(2, L"B"); });
+  test::expectInvalidArgument([&] { store_->DeleteAt(2); });
+  test::expectInvalidArgument([&] { store_->HasCircuit(2); });
 }
 
 TEST_F(LibraryStore, RowOfAFreeSlotOrBeyondIsTheTemplate) {
@@ -200,8 +200,8 @@ TEST_F(LibraryStore, DeletingTheLastCircuitEmptiesTheList) {
 
 TEST_F(LibraryStore, DeletingOutsideTheListRaises) {
   fill({L"A"});
-  expectInvalidArgument([&] { store_->DeleteAt(-1); });
-  expectInvalidArgument([&] { store_->DeleteAt(1); });
+  test::expectInvalidArgument([&] { store_->DeleteAt(-1); });
+  test::expectInvalidArgument([&] { store_->DeleteAt(1); });
 }
 
 TEST_F(LibraryStore, DeletingMinusOneWithoutLengthKeyIsRefused) {

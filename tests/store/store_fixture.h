@@ -8,6 +8,7 @@
 #include "platform/framework_exceptions.h"
 #include "store/library_store.h"
 #include "support/install.h"
+#include "support/raises.h"
 #include "support/transcript.h"
 
 namespace test {
@@ -49,17 +50,6 @@ class StoreFixture : public testing::Test {
   }
 
   std::wstring path() const { return Install::wide(install_.library() / "zhllib.qdp"); }
-
-  // The call must raise the framework's invalid-argument exception.
-  template <typename Call>
-  void expectInvalidArgument(Call call) {
-    try {
-      call();
-      FAIL() << "no exception";
-    } catch (CInvalidArgException* exception) {
-      exception->Delete();
-    }
-  }
 
   Install install_;
   std::optional<CZhlkLibStore> store_;

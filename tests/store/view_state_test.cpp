@@ -75,7 +75,7 @@ TEST_F(ViewState, GridThatIsNoListIsThreeByThree) {
 }
 
 TEST_F(ViewState, GridOfOneNumberRaises) {
-  expectInvalidArgument([&] { gridOf(L"4&"); });
+  test::expectInvalidArgument([&] { gridOf(L"4&"); });
 }
 
 TEST_F(ViewState, ValueThatIsNoNumberReadsAsZero) {

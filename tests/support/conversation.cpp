@@ -251,7 +251,7 @@ std::string testName(const std::string& title) {
   for (const char c : title) {
     const bool letter = (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') || (c >= '0' && c <= '9');
     if (letter) {
-      name += capital && c >= 'a' && c <= 'z' ? static_cast<char>(c - 'a' + 'A') : c;
+      name += capital ? base::capital(c) : c;
     }
     capital = !letter && c != '\'';
   }

@@ -163,6 +163,12 @@ std::string lowerCase(std::string_view utf8) {
   return out;
 }
 
+std::string capitals(std::string_view text) {
+  std::string out(text);
+  for (char& c : out) c = capital(c);
+  return out;
+}
+
 bool equalsNoCase(std::wstring_view a, std::wstring_view b) {
   return std::equal(a.begin(), a.end(), b.begin(), b.end(), [](wchar_t x, wchar_t y) {
     return x == y || lowerCase(static_cast<char32_t>(x)) == lowerCase(static_cast<char32_t>(y));

@@ -47,6 +47,12 @@ char32_t lowerCase(char32_t character);
 std::wstring lowerCase(std::wstring_view text);
 std::string lowerCase(std::string_view utf8);
 
+// Capitals of ASCII letters; everything else is returned as is.
+constexpr char capital(char c) {
+  return c >= 'a' && c <= 'z' ? static_cast<char>(c - 'a' + 'A') : c;
+}
+std::string capitals(std::string_view text);
+
 bool equalsNoCase(std::wstring_view a, std::wstring_view b);
 bool equalsNoCase(std::string_view a, std::string_view b);
 

@@ -3,6 +3,7 @@
 #include <charconv>
 
 #include "embedded/base/numbers.h"
+#include "embedded/base/text.h"
 #include "embedded/drafting/database/xdata.h"
 #include "programs/vornik/json.h"
 
@@ -53,11 +54,7 @@ std::string itemJson(const Database& database, const XDataItem& item) {
 std::string hexHandle(Handle handle) {
   char digits[17];
   const char* end = std::to_chars(digits, std::end(digits), handle, 16).ptr;
-  std::string out(static_cast<const char*>(digits), end);
-  for (char& c : out) {
-    if (c >= 'a') c = static_cast<char>(c - 'a' + 'A');
-  }
-  return out;
+  return base::capitals({static_cast<const char*>(digits), end});
 }
 
 std::string hexBytes(std::string_view bytes) {

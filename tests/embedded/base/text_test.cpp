@@ -62,6 +62,10 @@ TEST(Utf8, ValidityIsTheAbsenceOfMalformedBytes) {
   EXPECT_FALSE(base::isUtf8("\xE9\x9A"));
 }
 
+TEST(LetterCase, CapitalsOfAsciiLettersOnly) {
+  EXPECT_EQ(base::capitals("az{`AZ09é_"), "AZ{`AZ09é_");
+}
+
 struct CasePair {
   const wchar_t* upper;
   const wchar_t* lower;

@@ -3,6 +3,7 @@
 
 #include "embedded/base/paths.h"
 #include "platform/framework.h"
+#include "support/raises.h"
 #include "support/temp_folder.h"
 
 namespace {
@@ -10,15 +11,6 @@ namespace {
 class Files : public testing::Test {
  protected:
   std::wstring path(const char* name) const { return base::wideFromPath(folder_ / name); }
-  template <typename Call>
-  void expectFileException(Call call) {
-    try {
-      call();
-      FAIL() << "no exception";
-    } catch (CFileException* exception) {
-      exception->Delete();
-    }
-  }
   test::TempFolder folder_;
 };
 
@@ -60,10 +52,10 @@ TEST_F(Files, OpeningWhatIsNotAFileFails) {
 TEST_F(Files, UseWithoutOpeningRaises) {
   CFile file;
   char c = 0;
-  expectFileException([&] { file.Read(&c, 1); });
-  expectFileException([&] { file.Write(&c, 1); });
-  expectFileException([&] { file.GetLength(); });
-  expectFileException([&] { file.Seek(0, CFile::begin); });
+  test::expectRaised<CFileException>([&] { file.Read(&c, 1); });
+  test::expectRaised<CFileException>([&] { file.Write(&c, 1); });
+  test::expectRaised<CFileException>([&] { file.GetLength(); });
+  test::expectRaised<CFileException>([&] { file.Seek(0, CFile::begin); });
   file.Close();
 }
 
@@ -71,7 +63,7 @@ TEST_F(Files, WritingToAFileOpenForReadingRaises) {
   test::writeBytes(folder_ / "a", "hello");
   CFile file;
   ASSERT_TRUE(file.Open(path("a").c_str(), CFile::modeRead));
-  expectFileException([&] {
+  test::expectRaised<CFileException>([&] {
     file.Write("x", 1);
     file.Flush();
   });
@@ -94,8 +86,8 @@ TEST_F(Files, RemoveAndRename) {
   CFile::Rename(path("a").c_str(), path("b").c_str());
   EXPECT_EQ(test::bytesOf(folder_ / "b"), "hello");
   CFile::Remove(path("b").c_str());
-  expectFileException([&] { CFile::Remove(path("b").c_str()); });
-  expectFileException([&] { CFile::Rename(path("b").c_str(), path("c").c_str()); });
+  test::expectRaised<CFileException>([&] { CFile::Remove(path("b").c_str()); });
+  test::expectRaised<CFileException>([&] { CFile::Rename(path("b").c_str(), path("c").c_str()); });
 }
 
 TEST_F(Files, LinesAreAnsiText) {

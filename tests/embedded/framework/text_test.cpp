@@ -2,18 +2,11 @@
 #include <gtest/gtest.h>
 
 #include "platform/framework.h"
+#include "support/raises.h"
 
 namespace {
 
-template <typename Call>
-void expectInvalidArgument(Call call) {
-  try {
-    call();
-    FAIL() << "no exception";
-  } catch (CInvalidArgException* exception) {
-    exception->Delete();
-  }
-}
+using test::expectInvalidArgument;
 
 TEST(Text, GoesToAndFromWideText) {
   const CString fromPointer = L"主回路";

@@ -1,20 +1,11 @@
 #include "embedded/drafting/commands/command.h"
 
+#include "embedded/base/text.h"
+
 namespace drafting {
-namespace {
-
-std::string capitals(std::string_view name) {
-  std::string out(name);
-  for (char& c : out) {
-    if (c >= 'a' && c <= 'z') c = static_cast<char>(c - 'a' + 'A');
-  }
-  return out;
-}
-
-}  // namespace
 
 bool CommandTable::add(Command command) {
-  command.name = capitals(command.name);
+  command.name = base::capitals(command.name);
   const auto [from, to] = commands_.equal_range(command.name);
   for (auto it = from; it != to; ++it) {
     if (it->second.group == command.group) return false;
@@ -37,7 +28,7 @@ bool CommandTable::hasGroup(std::string_view group) const {
 }
 
 const Command* CommandTable::find(std::string_view name) const {
-  std::string key = capitals(name);
+  std::string key = base::capitals(name);
   if (const auto alias = aliases_.find(key); alias != aliases_.end()) key = alias->second;
   const auto [from, to] = commands_.equal_range(key);
   return from == to ? nullptr : &std::prev(to)->second;

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "embedded/base/text.h"
 #include "embedded/drafting/documents/session.h"
 #include "embedded/drafting/lisp/reader.h"
 
@@ -20,14 +21,6 @@ std::string shownExpression(const Value& expression) {
   while (end > 0 && (static_cast<unsigned char>(shown[end]) & 0xC0) == 0x80) --end;
   shown.resize(end);
   return shown + "...";
-}
-
-std::string capitals(std::string_view name) {
-  std::string out(name);
-  for (char& c : out) {
-    if (c >= 'a' && c <= 'z') c = static_cast<char>(c - 'a' + 'A');
-  }
-  return out;
 }
 
 }  // namespace
@@ -79,12 +72,12 @@ Value Interpreter::get(const std::string& name) const {
 void Interpreter::set(const std::string& name, Value value) { variables_[name] = std::move(value); }
 
 void Interpreter::define(Builtin builtin) {
-  builtin.name = capitals(builtin.name);
+  builtin.name = base::capitals(builtin.name);
   const std::string name = builtin.name;
   set(name, std::make_shared<const Builtin>(std::move(builtin)));
 }
 
-void Interpreter::undefine(std::string_view name) { variables_.erase(capitals(name)); }
+void Interpreter::undefine(std::string_view name) { variables_.erase(base::capitals(name)); }
 
 std::vector<std::string> Interpreter::builtinNames() const {
   std::vector<std::string> names;

@@ -2,6 +2,8 @@
 
 #include <charconv>
 
+#include "embedded/base/text.h"
+
 namespace drafting::lisp {
 namespace {
 
@@ -12,8 +14,6 @@ bool isBlank(char c) { return c == ' ' || c == '\n' || c == '\t' || c == '\r' ||
 bool endsAtom(char c) {
   return isBlank(c) || c == '(' || c == ')' || c == '"' || c == '\'' || c == ';';
 }
-
-char capital(char c) { return c >= 'a' && c <= 'z' ? static_cast<char>(c - 'a' + 'A') : c; }
 
 template <class Number>
 bool parseWhole(std::string_view text, Number& out) {
@@ -126,7 +126,7 @@ Value Reader::readAtom() {
     if (parseWhole(atom, real)) return real;
   }
   std::string name(atom);
-  for (char& c : name) c = capital(c);
+  for (char& c : name) c = base::capital(c);
   if (name == "NIL") return {};
   return Symbol{std::move(name)};
 }

@@ -52,11 +52,7 @@ Value strcase(Interpreter& lisp, const Arguments& a) {
   const auto* text = textOf(lisp, a[0]);
   if (!text) return {};
   if (a.size() == 2 && a[1].isTrue()) return base::lowerCase(*text);
-  std::string out = *text;
-  for (char& c : out) {
-    if (c >= 'a' && c <= 'z') c = static_cast<char>(c - 'a' + 'A');
-  }
-  return out;
+  return base::capitals(*text);
 }
 
 Value ascii(Interpreter& lisp, const Arguments& a) {
