@@ -3,8 +3,10 @@
 
 #include <algorithm>
 
+#include "engine/row_reader.h"
 #include "module/tree_values.h"
 #include "platform/framework_runtime.h"
+#include "store/element_writer.h"
 #include "store/pixels.h"
 
 namespace {
@@ -75,8 +77,7 @@ bool readText(const ElementReader& from, ZhlkElement& element) {
   element.text = text;
   element.colour = from.number(L"颜色", L"1");
   element.textHeight = from.real(L"字高", L"3");
-  const wchar_t* const corners[] = {L"点1", L"点2", L"点3", L"点4"};
-  std::transform(std::begin(corners), std::end(corners), element.corners,
+  std::transform(kCornerKeys.begin(), kCornerKeys.end(), element.corners,
                  [&](const wchar_t* corner) { return from.point(corner); });
   element.textAngle = from.real(L"角度", L"0");
   return true;
@@ -114,6 +115,11 @@ int CZhlkCircuitRecord::ReadElement(std::uint16_t index, ZhlkElement& element,
     }
     default: return 1;
   }
+}
+
+RowPoint CZhlkCircuitRecord::textInsertion(int index) const {
+  const ElementReader from(tree, L"文字", index);
+  return {from.real(L"插入点\\x", L"0"), from.real(L"插入点\\y", L"0")};
 }
 
 void CZhlkCircuitRecord::BuildRow(CString& out) const {

@@ -30,6 +30,7 @@
 #include "platform/quill_data.h"
 
 struct CircuitRow;
+struct RowPoint;
 
 // Names of symbols with a meaning of their own; compared exactly.
 constexpr const wchar_t* kEmptyCell = L"F002";    // a free position; stands for unknown symbols too
@@ -77,6 +78,15 @@ class CZhlkCircuitRecord {
   // the count. An empty text gives 0 too, with kind and index set alone. A kind that there isn't
   // reads nothing and gives 1.
   int ReadElement(std::uint16_t index, ZhlkElement& element, std::uint16_t kind) const;
+  // The first block by index whose rectangle holds the pixel, covered cells included: 1 with the
+  // element, or 0 with the last block in it, when there is one.
+  int HitBlock(const POINT& point, ZhlkElement& element) const;
+  // Writes a block or a text back. A block one behind the last is appended, at the place that its
+  // rectangle's cell has in the drawing. 0 for an index beyond. An unknown symbol becomes the
+  // empty cell in the element, while the tree keeps its name. Other kinds: 1 and nothing written.
+  int WriteElement(ZhlkElement& element);
+  // The lattice's column and row of a rectangle in the edit view, in drawing units.
+  void ScreenToCell(const RECT& rectangle, double& x, double& y) const;
   // The tree as a data row. Covered cells are left out.
   void BuildRow(CString& row) const;
 
@@ -105,6 +115,9 @@ class CZhlkCircuitRecord {
   CQuillDpData tree;
 
  private:
+  int writeBlock(ZhlkElement& element);
+  int writeText(const ZhlkElement& element);
+  RowPoint textInsertion(int index) const;
   void layOut(const CircuitRow& circuit);
   void expandBlocks(const CircuitRow& circuit);
   void expandTexts(const CircuitRow& circuit);

@@ -1,13 +1,14 @@
 // From a circuit's row to its tree: the layout in pixels, then blocks, texts and lines.
 #include <algorithm>
+#include <array>
 #include <limits>
-#include <numbers>
 
 #include "engine/row_reader.h"
 #include "module/tree_values.h"
-#include "platform/common_funcs.h"
 #include "platform/framework_messages.h"
+#include "store/cell_lattice.h"
 #include "store/circuit_record.h"
+#include "store/element_writer.h"
 #include "store/pixels.h"
 
 namespace {
@@ -18,57 +19,8 @@ constexpr double kMarginX = 15.0;  // drawing units
 constexpr double kMarginY = 10.0;
 constexpr double kFirstY = -10.0;  // where the range of y starts, both ends
 constexpr int kOriginY = 15;       // pixels, as all below
-constexpr int kHalfWidth = 12;
-constexpr int kWideHalfWidth = 36;
-constexpr int kCellHeight = 20;
 constexpr int kSpecificationLeft = 24;
 constexpr int kSpecificationRight = 65;
-
-// Writes below one element's key.
-class ElementWriter {
- public:
-  ElementWriter(CQuillDpData& tree, const wchar_t* list, std::size_t index, int mark)
-      : tree_(tree), key_(std::wstring(list) + L"\\" + std::to_wstring(index)) {
-    storeNumber(tree_, key_, mark);
-  }
-
-  void text(const std::wstring& name, const std::wstring& value) {
-    storeText(tree_, key_ + L"\\" + name, value);
-  }
-  void number(const std::wstring& name, std::int32_t value) {
-    storeNumber(tree_, key_ + L"\\" + name, value);
-  }
-  void real(const std::wstring& name, double value) {
-    CString printed;
-    printed.Format(L"%f", value);
-    text(name, printed.wide());
-  }
-  void point(const std::wstring& name, RowPoint value) {
-    real(name + L"\\x", value.x);
-    real(name + L"\\y", value.y);
-  }
-  void pixel(const std::wstring& name, const POINT& value) {
-    number(name + L"\\x", value.x);
-    number(name + L"\\y", value.y);
-  }
-  void rectangle(const std::wstring& name, const RECT& value) {
-    number(name + L"\\left", value.left);
-    number(name + L"\\top", value.top);
-    number(name + L"\\right", value.right);
-    number(name + L"\\bottom", value.bottom);
-  }
-  // Bytes beyond a tree value's length are none: the cell then shows an empty frame.
-  void bytes(const std::wstring& name, const CByteArray& value) {
-    const int size =
-        value.GetSize() > std::numeric_limits<std::int16_t>::max() ? 0 : value.GetSize();
-    tree_.SetSubValueForByteW((key_ + L"\\" + name).c_str(), static_cast<std::int16_t>(size),
-                              value.GetData());
-  }
-
- private:
-  CQuillDpData& tree_;
-  std::wstring key_;
-};
 
 struct Range {
   double least;
@@ -85,18 +37,6 @@ struct Range {
 template <typename Element>
 Element at(const std::vector<Element>& list, std::size_t index) {
   return index < list.size() ? list[index] : Element();
-}
-
-std::int32_t moved(std::int32_t pixel, std::int32_t by) {
-  constexpr std::int64_t kLeast = std::numeric_limits<std::int32_t>::min();
-  constexpr std::int64_t kMost = std::numeric_limits<std::int32_t>::max();
-  return static_cast<std::int32_t>(
-      std::clamp(static_cast<std::int64_t>(pixel) + by, kLeast, kMost));
-}
-
-bool isWide(const CString& symbol) {
-  CString capitals = symbol;
-  return capitals.MakeUpper().Find(L"ZHL3") == 0;
 }
 
 }  // namespace
@@ -139,7 +79,8 @@ void CZhlkCircuitRecord::layOut(const CircuitRow& circuit) {
 void CZhlkCircuitRecord::expandBlocks(const CircuitRow& circuit) {
   storeNumber(tree, L"块", static_cast<std::int32_t>(circuit.names.size()));
   for (std::size_t n = 0; n < circuit.names.size(); ++n) {
-    ElementWriter to(tree, L"块", n, kBlockElement);
+    const ElementWriter to(tree, L"块", n);
+    to.mark(kBlockElement);
     to.text(L"块名", circuit.names[n]);
     // The tree keeps an unknown symbol's name and shows the empty cell.
     CString shown = circuit.names[n];
@@ -150,7 +91,7 @@ void CZhlkCircuitRecord::expandBlocks(const CircuitRow& circuit) {
     to.text(L"角度", circuit.angleTexts[n]);
     POINT place{};
     DrawingToScreen(circuit.points[n].x, circuit.points[n].y, place);
-    const int half = isWide(shown) ? kWideHalfWidth : kHalfWidth;
+    const int half = isWideSymbol(shown) ? kWideHalfWidth : kCellHalfWidth;
     RECT cell{moved(place.x, -half), place.y, moved(place.x, half), moved(place.y, kCellHeight)};
     to.rectangle(L"块名", cell);
     cell.left = moved(cell.left, kSpecificationLeft);
@@ -166,23 +107,19 @@ void CZhlkCircuitRecord::expandTexts(const CircuitRow& circuit) {
     const double height = at(circuit.heights, n);
     const double degrees = at(circuit.textAngles, n);
     const RowPoint insertion = at(circuit.textPoints, n);
-    ElementWriter to(tree, L"文字", n, kTextElement);
+    const ElementWriter to(tree, L"文字", n);
+    to.mark(kTextElement);
     to.text(L"文字", circuit.texts[n]);
     to.number(L"颜色", at(circuit.colours, n));
     to.real(L"字高", height);
     to.real(L"角度", degrees);
     to.point(L"插入点", insertion);
-    const double angle = degrees * std::numbers::pi / 180;
-    const double across = angle + std::numbers::pi / 2;
-    const double length = height * static_cast<double>(circuit.texts[n].size());
-    const AcGePoint3d first{insertion.x, insertion.y, 0};
-    const AcGePoint3d second = arx_polar(first, angle, length);
-    const AcGePoint3d corners[] = {first, second, arx_polar(second, across, height),
-                                   arx_polar(first, across, height)};
-    for (int i = 0; i < 4; ++i) {
+    const std::array<AcGePoint3d, 4> corners =
+        textBox({insertion.x, insertion.y, 0}, degrees, height, circuit.texts[n].size());
+    for (std::size_t i = 0; i < corners.size(); ++i) {
       POINT pixel{};
       DrawingToScreen(corners[i].x, corners[i].y, pixel);
-      to.pixel(L"点" + std::to_wstring(i + 1), pixel);
+      to.pixel(kCornerKeys[i], pixel);
     }
   }
 }
@@ -190,7 +127,8 @@ void CZhlkCircuitRecord::expandTexts(const CircuitRow& circuit) {
 void CZhlkCircuitRecord::expandLines(const CircuitRow& circuit) {
   storeNumber(tree, L"线", static_cast<std::int32_t>(circuit.starts.size()));
   for (std::size_t n = 0; n < circuit.starts.size(); ++n) {
-    ElementWriter to(tree, L"线", n, kLineElement);
+    const ElementWriter to(tree, L"线", n);
+    to.mark(kLineElement);
     const auto end = [&](const wchar_t* drawing, const wchar_t* screen, RowPoint point) {
       to.point(drawing, point);
       POINT pixel{};

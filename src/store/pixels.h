@@ -15,3 +15,11 @@ inline std::int32_t toPixels(double value) {
   if (std::isnan(value)) return 0;
   return static_cast<std::int32_t>(std::clamp(value, -kMost, kMost));
 }
+
+// Further right or down by so much; at the limits it stays.
+inline std::int32_t moved(std::int32_t pixel, std::int32_t by) {
+  constexpr std::int64_t kLeast = std::numeric_limits<std::int32_t>::min();
+  constexpr std::int64_t kMost = std::numeric_limits<std::int32_t>::max();
+  return static_cast<std::int32_t>(
+      std::clamp(static_cast<std::int64_t>(pixel) + by, kLeast, kMost));
+}
