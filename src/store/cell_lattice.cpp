@@ -55,7 +55,8 @@ void SnapRow(double& y) {
 // Whole units of x: the division is one of integers.
 void CZhlkCircuitRecord::ScreenToCell(const RECT& rectangle, double& x, double& y) const {
   const std::int64_t fromOrigin = std::int64_t{centreOf(rectangle).x} - origin.x;
-  x = snappedColumn(static_cast<double>(fromOrigin / kPixelsToUnitX));
+  const std::int64_t wholeUnits = fromOrigin / kPixelsToUnitX;
+  x = snappedColumn(static_cast<double>(wholeUnits));
   y = static_cast<double>(std::int64_t{origin.y} - rectangle.top) / kPixelsPerUnitY;
   SnapRow(y);
 }

@@ -81,7 +81,7 @@ TEST_F(WriteElement, AppendsAtTheCellOfItsRectangle) {
   ZhlkElement added = block(0, L"ZHL1003");
   ASSERT_EQ(record_->WriteElement(added), 1);
   EXPECT_EQ(value(L"块"), L"1");
-  EXPECT_EQ(value(L"块\\0"), L"(none)");  // no mark, and no rectangle for the specification
+  EXPECT_EQ(value(L"块\\0"), L"(none)");  // no mark, and no rectangle for its model
   EXPECT_EQ(value(L"块\\0\\型号规格\\left"), L"(none)");
   EXPECT_EQ(value(L"块\\0\\块名"), L"ZHL1003");
   EXPECT_EQ(value(L"块\\0\\插入点\\x"), L"0.000000");
