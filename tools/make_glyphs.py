@@ -1,5 +1,5 @@
 #!/usr/bin/env python3
-"""Writes the stroke tables of src/embedded/drafting/display/glyphs/ from their sources.
+"""Writes the stroke tables of src/embedded/drafting/fonts/glyphs/ from their sources.
 
 Usage: tools/make_glyphs.py latin rowmans.jhf      > .../glyphs/latin.inc
        tools/make_glyphs.py chinese DATA_FOLDER    > .../glyphs/chinese.inc

@@ -1,11 +1,11 @@
 // What an install holds, relative to its folder:
 //
 //   system/Fah.dwg                     the block that marks a circuit's place
-//   Datcom/zhllib/zhllib.qdp, .slb     circuits and their slides
-//   Datcom/zhllib/zhlFzgn.qdp          auxiliary groups, with a folder fzgnNNNN each
-//   Dwglib/dwgdir.dab, slddir.dab      directory files: name (8), folder code (4)
-//   Dwglib/Dqbl0012/                   symbols and the index file Dqbl0012.idx
-//   User/                              the user's files
+//   Datcom/english.wzk, chinese.wzk    shape fonts, with fonts.txt and ARPHICPL.TXT on their
+//   licences Datcom/zhllib/zhllib.qdp, .slb     circuits and their slides Datcom/zhllib/zhlFzgn.qdp
+//   auxiliary groups, with a folder fzgnNNNN each Dwglib/dwgdir.dab, slddir.dab      directory
+//   files: name (8), folder code (4) Dwglib/Dqbl0012/                   symbols and the index file
+//   Dqbl0012.idx User/                              the user's files
 #include "samples/generator/install.h"
 
 #include "auxiliary/auxiliary_store.h"
@@ -16,6 +16,7 @@
 #include "platform/common_funcs.h"
 #include "platform/quill_data.h"
 #include "samples/generator/drawings.h"
+#include "samples/generator/fonts.h"
 
 namespace samples {
 namespace {
@@ -32,9 +33,9 @@ class Installer {
       : folder_(std::move(folder)), progress_(progress) {}
 
   base::Status run() {
-    for (const auto step :
-         {&Installer::makeFolders, &Installer::makeMark, &Installer::makeSymbols,
-          &Installer::makeDirectoryFiles, &Installer::makeCircuits, &Installer::makeAuxiliary}) {
+    for (const auto step : {&Installer::makeFolders, &Installer::makeFonts, &Installer::makeMark,
+                            &Installer::makeSymbols, &Installer::makeDirectoryFiles,
+                            &Installer::makeCircuits, &Installer::makeAuxiliary}) {
       const base::Status status = (this->*step)();
       if (!status) return status;
     }
@@ -56,6 +57,11 @@ class Installer {
 
   base::Status save(const drafting::Database& database, const fs::path& path) {
     return drafting::saveDrawingFile(database, base::utf8FromPath(path));
+  }
+
+  base::Status makeFonts() {
+    progress_("fonts");
+    return installFonts(folder_ / "Datcom");
   }
 
   base::Status makeMark() { return save(*makeScaleMarkDrawing(), folder_ / "system" / "Fah.dwg"); }

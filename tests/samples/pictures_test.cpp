@@ -6,7 +6,6 @@
 
 #include "embedded/base/text.h"
 #include "embedded/drafting/display/display_list.h"
-#include "embedded/drafting/display/stroke_font.h"
 #include "embedded/drafting/display/text_layout.h"
 #include "engine/row_reader.h"
 #include "samples/generator/definitions.h"

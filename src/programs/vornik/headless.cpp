@@ -5,6 +5,7 @@
 
 #include "embedded/base/paths.h"
 #include "embedded/base/text.h"
+#include "embedded/drafting/fonts/font_library.h"
 #include "host/module_entry.h"
 #include "library_window/library_window.h"
 #include "module/module_state.h"
@@ -52,6 +53,7 @@ lisp::Value chooseItem(lisp::Interpreter& self, const std::vector<lisp::Value>& 
 
 base::Status enterInstall(const std::string& folder) {
   const auto path = std::filesystem::absolute(base::pathFromUtf8(folder));
+  drafting::FontLibrary::shared().setFolders({path / "Datcom"});
   setEnvironment("VORNIK_INFORMATION", base::utf8FromPath(path / "User" / "information.txt"));
   return samples::useInstall(path);
 }

@@ -3,6 +3,8 @@
 #include <optional>
 
 #include "embedded/base/numbers.h"
+#include "embedded/base/paths.h"
+#include "embedded/base/text.h"
 #include "embedded/drafting/documents/drawing_files.h"
 #include "embedded/drafting/plot/plot.h"
 #include "programs/vornik/program.h"
@@ -13,11 +15,14 @@ namespace {
 constexpr std::string_view kUsage =
     "usage: vornik plot DRAWING --output OUT.pdf|.svg|.png [--paper A3|A4x3|WxH] [--scale N]\n"
     "                   [--window X1,Y1,X2,Y2] [--upright] [--width PX] [--monochrome]\n"
-    "                   [--background white|black]\n"
+    "                   [--background white|black] [--fonts DIR]\n"
     "  Draws model space at its print scale on the smallest sheet that holds it, or with --paper "
     "as\n"
     "  large as fits. Sheets are turned to suit the drawing, or kept --upright. --scale is\n"
-    "  millimetres to a drawing unit, --window the area to show, --width the pixels of a PNG.\n";
+    "  millimetres to a drawing unit, --window the area to show, --width the pixels of a PNG.\n"
+    "  Shape fonts are looked for beside the drawing and then in the folder of --fonts; one that "
+    "is\n"
+    "  missing is replaced by the built-in one.\n";
 constexpr int kFewestPixels = 16, kMostPixels = 30000;
 
 // The whole text as a number.
@@ -78,7 +83,7 @@ std::string readOptions(const Options& options, drafting::PlotOptions& plot) {
 }  // namespace
 
 int plotCommand(const Words& words) {
-  const Options options(words, "output paper scale window width background",
+  const Options options(words, "output paper scale window width background fonts",
                         "monochrome upright help");
   if (options.flag("help")) return std::cout << kUsage, kDone;
   if (!options.problem().empty()) return usageError(options.problem(), kUsage);
@@ -88,6 +93,11 @@ int plotCommand(const Words& words) {
   drafting::PlotOptions plot;
   const std::string problem = readOptions(options, plot);
   if (!problem.empty()) return usageError(problem, kUsage);
+  if (const auto* fonts = options.value("fonts")) {
+    drafting::FontLibrary::shared().setFolders({base::pathFromUtf8(*fonts)});
+  }
+  plot.drawingFolder = base::resolvePath(base::wideFromUtf8(options.plain()[0])).parent_path();
+  if (plot.drawingFolder.empty()) plot.drawingFolder = ".";
   const auto note = [](std::string_view text) { std::cerr << "vornik: " << text << "\n"; };
   const auto database = drafting::readDrawing(options.plain()[0], note);
   if (!database.ok()) return report(database.status());

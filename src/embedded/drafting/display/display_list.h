@@ -2,7 +2,9 @@
 // indexes. Made from a Database once, painted on canvases as often as wanted.
 #pragma once
 
+#include <filesystem>
 #include <map>
+#include <set>
 #include <span>
 #include <string>
 #include <vector>
@@ -10,6 +12,7 @@
 #include "embedded/base/canvas.h"
 #include "embedded/drafting/database/database.h"
 #include "embedded/drafting/display/palette.h"
+#include "embedded/drafting/fonts/font_library.h"
 
 namespace drafting {
 
@@ -17,9 +20,12 @@ using base::Affine2;
 using base::Box2;
 
 struct DisplayOptions {
-  double tolerance = 0;            // of curves, in drawing units; 0: 64 pieces a full circle
-  bool forPlot = false;            // leaves out layers that aren't plotted
-  std::size_t limit = 20'000'000;  // most steps; what comes behind isn't in the list
+  double tolerance = 0;                 // of curves, in drawing units; 0: 64 pieces a full circle
+  bool forPlot = false;                 // leaves out layers that aren't plotted
+  std::size_t limit = 20'000'000;       // most steps; what comes behind isn't in the list
+  FontLibrary* fonts = nullptr;         // where text styles' fonts are found; null: the process's
+  std::filesystem::path drawingFolder;  // where they are looked for first
+  const TextFont* font = nullptr;       // of all texts, whatever their styles name
 };
 
 class DisplayList {
@@ -50,6 +56,8 @@ class DisplayList {
 
   // Kinds of entities that have no picture yet, with how many of them there are.
   const std::map<std::string, int>& notShown() const { return notShown_; }
+  // Sentences on fonts that are replaced or damaged.
+  const std::set<std::string>& fontNotes() const { return fontNotes_; }
   bool cut() const { return cut_; }  // the limit was reached
 
  private:
@@ -59,6 +67,7 @@ class DisplayList {
   std::vector<Label> labels_;
   Box2 bounds_;
   std::map<std::string, int> notShown_;
+  std::set<std::string> fontNotes_;
   bool cut_ = false;
 };
 

@@ -170,8 +170,38 @@ class ListBuilder {
     list_.labels_.push_back({line.plain, place, line.advance});
   }
 
+  // --- texts
+
+  const TextFont& fontOf(Handle style) {
+    if (options_.font) return *options_.font;
+    const auto found = fonts_.find(style);
+    return found != fonts_.end() ? found->second
+                                 : fonts_.emplace(style, findFont(style)).first->second;
+  }
+
+  TextFont findFont(Handle handle) {
+    const auto* style = database_.find<TextStyle>(handle);
+    if (!style) return {};
+    FontLibrary& library = options_.fonts ? *options_.fonts : FontLibrary::shared();
+    std::vector<std::string> notes;
+    TextFont font = library.find(style->font, style->bigFont, options_.drawingFolder, &notes);
+    list_.fontNotes_.insert(notes.begin(), notes.end());
+    font.codePage = database_.codePage;
+    font.vertical = style->vertical;
+    return font;
+  }
+
+  // A step of a font's shape is far cheaper than an entity.
+  bool payFor(const TextLine& line) {
+    constexpr std::size_t kShapeStepsToOne = 16;
+    return step(line.steps / kShapeStepsToOne);
+  }
+
   void showText(const TextBase& text, std::string_view content) {
-    const TextLine line = layOutLine(content);
+    const double height = std::abs(text.height);
+    const TextLine line =
+        layOutLine(content, fontOf(text.style), height > 0 ? tolerance() / height : 0);
+    if (!payFor(line)) return;
     putLine(line,
             look_.map * objectPlane(text.normal, text.elevation) * placeOfText(text, line.advance));
   }
@@ -228,7 +258,15 @@ class ListBuilder {
   void show(const Attdef& definition) { showText(definition, definition.tag); }
 
   void show(const MText& text) {
-    for (const PlacedLine& placed : layOutParagraph(text)) {
+    ParagraphStyle style;
+    style.font = fontOf(text.style);
+    style.tolerance = tolerance();
+    if (const auto* record = database_.find<TextStyle>(text.style)) {
+      if (record->widthFactor > 0) style.widthFactor = record->widthFactor;
+      style.oblique = record->oblique;
+    }
+    for (const PlacedLine& placed : layOutParagraph(text, style)) {
+      if (!payFor(placed.line)) return;
       putLine(placed.line, look_.map * placed.place);
     }
   }
@@ -278,6 +316,7 @@ class ListBuilder {
   const DisplayOptions& options_;
   std::size_t stepsLeft_;
   Handle layerZero_ = 0;
+  std::map<Handle, TextFont> fonts_;  // of text styles
   Look look_{};
   DisplayList list_;
 };

@@ -78,30 +78,53 @@ std::vector<std::string> pieces(std::string_view text) {
   return out;
 }
 
-void wrap(std::string_view text, double width, std::vector<std::string>& lines) {
-  std::string line;
-  double filled = 0;
-  for (const std::string& piece : pieces(text)) {
-    const double advance = layOutLine(piece).advance;
-    if (!line.empty() && width > 0 && filled + advance > width) {
-      lines.push_back(std::move(line));
-      line.clear();
-      filled = 0;
-    }
-    line += piece;
-    filled += advance;
-  }
-  lines.push_back(std::move(line));
-}
+// Breaks paragraphs into lines of a width in text heights; 0 leaves them whole.
+class Wrapper {
+ public:
+  Wrapper(double width, const TextFont& font) : width_(width), font_(font) {}
 
-std::vector<std::string> linesOf(const MText& text) {
+  void add(std::string_view text) {
+    std::string line;
+    double filled = 0;
+    for (const std::string& piece : pieces(text)) {
+      const double advance = advanceOf(piece);
+      if (!line.empty() && width_ > 0 && filled + advance > width_) {
+        lines_.push_back(std::move(line));
+        line.clear();
+        filled = 0;
+      }
+      line += piece;
+      filled += advance;
+    }
+    lines_.push_back(std::move(line));
+  }
+  std::vector<std::string> lines() { return std::move(lines_); }
+
+ private:
+  // A font that costs too much isn't measured any more.
+  double advanceOf(const std::string& piece) {
+    constexpr std::size_t kMostSteps = 4'000'000;
+    if (!(width_ > 0) || steps_ > kMostSteps) return 0;
+    const TextLine line = layOutLine(piece, font_);
+    steps_ += line.steps;
+    return line.advance;
+  }
+
+  double width_;
+  const TextFont& font_;
+  std::size_t steps_ = 0;
+  std::vector<std::string> lines_;
+};
+
+std::vector<std::string> linesOf(const MText& text, const ParagraphStyle& style) {
+  const double unit = text.height * style.widthFactor;
   const std::string plain = plainOfMText(text.text);
-  std::vector<std::string> lines;
+  Wrapper wrapper(unit > 0 ? text.width / unit : 0, style.font);
   std::string_view rest = plain;
   while (true) {
     const std::size_t end = rest.find('\n');
-    wrap(rest.substr(0, end), text.height > 0 ? text.width / text.height : 0, lines);
-    if (end == std::string_view::npos) return lines;
+    wrapper.add(rest.substr(0, end));
+    if (end == std::string_view::npos) return wrapper.lines();
     rest.remove_prefix(end + 1);
   }
 }
@@ -110,19 +133,25 @@ std::vector<std::string> linesOf(const MText& text) {
 
 std::string plainOfMText(std::string_view text) { return CodeStripper(text).run(); }
 
-std::vector<PlacedLine> layOutParagraph(const MText& text) {
-  const std::vector<std::string> lines = linesOf(text);
+std::vector<PlacedLine> layOutParagraph(const MText& text, const ParagraphStyle& style) {
+  const std::vector<std::string> lines = linesOf(text, style);
   const double step = kLineStep * (text.spacingFactor > 0 ? text.spacingFactor : 1);
   const double whole = 1 + step * static_cast<double>(lines.size() - 1);
   const int attachment = std::clamp<int>(text.attachment, 1, 9) - 1;  // by rows from the top left
   const double top = attachment / 3 == 0 ? 0 : attachment / 3 == 1 ? whole / 2 : whole;
   const Affine2 place = Affine2::translation({text.position.x, text.position.y}) *
                         Affine2::rotation(std::atan2(text.xDirection.y, text.xDirection.x)) *
-                        Affine2::scaling(text.height, text.height);
+                        Affine2{text.height * style.widthFactor,
+                                0,
+                                text.height * std::tan(style.oblique),
+                                text.height,
+                                0,
+                                0};
+  const double tolerance = text.height > 0 ? style.tolerance / text.height : 0;
   std::vector<PlacedLine> out;
   double y = top - 1;
   for (const std::string& line : lines) {
-    PlacedLine placed{layOutLine(line), {}};
+    PlacedLine placed{layOutLine(line, style.font, tolerance), {}};
     const double x = -placed.line.advance * (attachment % 3) / 2;
     placed.place = place * Affine2::translation({x, y});
     out.push_back(std::move(placed));

@@ -11,7 +11,14 @@ struct PlacedLine {
   TextLine line;
   Affine2 place;
 };
-std::vector<PlacedLine> layOutParagraph(const MText& text);
+// What a paragraph takes from its text style.
+struct ParagraphStyle {
+  TextFont font;
+  double widthFactor = 1;
+  double oblique = 0;
+  double tolerance = 0;  // of arcs, in drawing units
+};
+std::vector<PlacedLine> layOutParagraph(const MText& text, const ParagraphStyle& style = {});
 
 // The text without its codes, a line feed where a line ends.
 std::string plainOfMText(std::string_view text);

@@ -1,16 +1,18 @@
 #include "embedded/drafting/display/text_layout.h"
 
+#include <algorithm>
 #include <cmath>
 
 #include "embedded/base/text.h"
 #include "embedded/base/utf8.h"
-#include "embedded/drafting/display/stroke_font.h"
+#include "embedded/drafting/display/curves.h"
 
 namespace drafting {
 namespace {
 
 constexpr double kUnderline = -0.2, kOverline = 1.2;
-constexpr double kDescent = 1.0 / 3;  // of the capital height
+constexpr double kDescent = 1.0 / 3;           // of the capital height
+constexpr std::size_t kMostSteps = 4'000'000;  // of a line, its points included
 constexpr char32_t kDegree = 0xB0, kPlusMinus = 0xB1, kDiameter = 0xD8;
 
 int digitOf(char c) { return c >= '0' && c <= '9' ? c - '0' : -1; }
@@ -20,6 +22,31 @@ int hexDigitOf(char c) {
   if (c >= 'a' && c <= 'f') return c - 'a' + 10;
   return digitOf(c);
 }
+
+// Collects strokes as polylines.
+class PolylinePen : public ShapePen {
+ public:
+  PolylinePen(std::vector<Path>& strokes, double tolerance)
+      : strokes_(strokes), tolerance_(tolerance) {}
+  void move(Point2 to) override { add(strokes_.emplace_back(), to); }
+  void line(Point2 to) override { add(strokes_.back(), to); }
+  void arc(Point2 to, double bulge) override {
+    Path& path = strokes_.back();
+    const std::size_t before = path.size();
+    appendBulge(path, path.back(), to, bulge, tolerance_);
+    points_ += path.size() - before;
+  }
+  std::size_t points() const { return points_; }
+
+ private:
+  void add(Path& path, Point2 point) {
+    path.push_back(point);
+    ++points_;
+  }
+  std::vector<Path>& strokes_;
+  double tolerance_;
+  std::size_t points_ = 0;
+};
 
 // A line drawn under or over a stretch of the text.
 class Rule {
@@ -47,7 +74,8 @@ class Rule {
 
 class LineLayout {
  public:
-  explicit LineLayout(std::string_view text) : text_(text) {}
+  LineLayout(std::string_view text, const TextFont& font, double tolerance)
+      : text_(text), font_(font), pen_(line_.strokes, tolerance) {}
 
   TextLine run() {
     while (at_ < text_.size()) {
@@ -64,16 +92,17 @@ class LineLayout {
   void takeCharacter() {
     const base::Decoded decoded = base::decodeUtf8(text_, at_);
     at_ += decoded.length;
-    if (decoded.character >= 0x20) put(decoded.character);
+    if (decoded.character >= 0x20) put(decoded.character, Wanted::ofTheText);
   }
 
-  void put(char32_t character) {
-    const Glyph& glyph = glyphOf(character);
-    for (const auto& stroke : glyph.strokes) {
-      auto& out = line_.strokes.emplace_back(stroke);
-      for (Point2& point : out) point.x += line_.advance;
-    }
-    line_.advance += glyph.advance;
+  void put(char32_t character, Wanted wanted) {
+    const std::size_t spent = line_.steps + pen_.points();
+    const std::size_t left = spent < kMostSteps ? kMostSteps - spent : 0;
+    const CharacterRun run =
+        drawCharacter(font_, character, place_, pen_, wanted, std::min(left, kMostShapeSteps));
+    place_ = run.end;
+    line_.advance = run.end.x;
+    line_.steps += run.steps;
     base::appendUtf8(line_.plain, character);
   }
 
@@ -102,7 +131,7 @@ class LineLayout {
 
   bool putCode(char32_t character, std::size_t length) {
     at_ += length;
-    put(character);
+    put(character, Wanted::asSign);
     return true;
   }
 
@@ -133,8 +162,11 @@ class LineLayout {
   }
 
   std::string_view text_;
+  const TextFont& font_;
   std::size_t at_ = 0;
+  Point2 place_;  // where the next character stands
   TextLine line_;
+  PolylinePen pen_;
   Rule underline_{kUnderline}, overline_{kOverline};
 };
 
@@ -153,7 +185,16 @@ Point2 anchorOf(const TextBase& text, double advance) {
 
 }  // namespace
 
-TextLine layOutLine(std::string_view utf8) { return LineLayout(utf8).run(); }
+TextLine layOutLine(std::string_view utf8, const TextFont& font, double tolerance) {
+  return LineLayout(utf8, font, tolerance).run();
+}
+
+Glyph glyphOf(char32_t character, const TextFont& font) {
+  Glyph glyph;
+  PolylinePen pen(glyph.strokes, 0);
+  glyph.advance = drawCharacter(font, character, {}, pen).end.x;
+  return glyph;
+}
 
 Affine2 placeOfText(const TextBase& text, double advance) {
   constexpr int kBackwards = 2, kUpsideDown = 4, kAligned = 3, kFit = 5;

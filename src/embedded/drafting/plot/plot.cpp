@@ -182,6 +182,7 @@ void tellWhatIsMissing(const DisplayList& list, const std::function<void(std::st
     note(std::to_string(count) + " of kind " + (kind.empty() ? "unknown" : kind) +
          " are not shown");
   }
+  for (const std::string& sentence : list.fontNotes()) note(sentence);
   if (list.cut()) note("the drawing is too large to be shown whole");
 }
 
@@ -211,6 +212,7 @@ base::Status plotDrawing(const Database& database, const std::string& path,
   }
   DisplayOptions display;
   display.forPlot = true;
+  display.drawingFolder = options.drawingFolder;
   const Box2 box = extentsOf(DisplayList::of(database, display), options);
   const double scale = printScale(database);
   const Page page =

@@ -32,6 +32,7 @@ struct PlotOptions {
   int pixels = 2000;           // width of a PNG
   bool monochrome = false;
   Background background = Background::White;
+  std::filesystem::path drawingFolder;  // where its fonts are looked for first
 };
 
 // The form goes by the extension of `path` (UTF-8). Saved atomically, an old file becomes the

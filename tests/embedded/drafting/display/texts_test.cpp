@@ -1,8 +1,9 @@
 // Texts: glyphs, codes, places, paragraphs.
 #include "embedded/drafting/display/mtext_layout.h"
 #include "embedded/drafting/display/picture_fixture.h"
-#include "embedded/drafting/display/stroke_font.h"
 #include "embedded/drafting/display/text_layout.h"
+#include "embedded/drafting/fonts/font_writer.h"
+#include "support/temp_folder.h"
 
 namespace drafting {
 namespace {
@@ -177,6 +178,81 @@ TEST_F(Texts, TextWithoutHeightShowsNothing) {
   EXPECT_EQ(shown().bounds().height(), 0);
 }
 
+// A font of one letter, "O": a circle of the capital height, made of one arc.
+std::shared_ptr<const ShapeFont> roundFont() {
+  FontParts parts;
+  parts.metrics.above = 10;
+  parts.shapes['O'].bytes = std::string("\x02\x08\x0A\x05\x01\x0A\x05\x00\x02\x08\x02\xFB\x00", 13);
+  return *ShapeFont::read(*writeFont(parts), "round.shx");
+}
+
+TEST_F(Texts, StylesFontIsFoundBesideTheDrawing) {
+  test::TempFolder folder;
+  FontParts parts = partsOf(*roundFont());
+  test::writeBytes(folder / "Round.SHX", *writeFont(parts));
+  const Handle style = db->findRecord(Table::Styles, "Standard");
+  db->edit<TextStyle>(style).font = "round";
+  Text one = text("OA", 10);
+  one.style = style;
+  add(one);
+  options.drawingFolder = folder.path();
+  // The circle stands from 0 to 10; "A" is the built-in font's.
+  const DisplayList found = shown();
+  EXPECT_NEAR(found.bounds().min.x, 0, 1e-9);
+  EXPECT_NEAR(found.bounds().max.y, 10, 1e-9);
+  EXPECT_EQ(found.items().size(), 1u + glyphOf(U'A').strokes.size() + 1u);
+  EXPECT_TRUE(found.fontNotes().empty());
+  options.drawingFolder.clear();
+  EXPECT_EQ(shown().fontNotes(),
+            std::set<std::string>{"the font round isn't there; the built-in one is taken instead"});
+}
+
+TEST_F(Texts, FontForAllTextsOverridesTheStyles) {
+  const TextFont font{roundFont(), nullptr};
+  options.font = &font;
+  add(text("O", 10));
+  EXPECT_EQ(points().size(), 65u);
+}
+
+TEST_F(Texts, ArcsOfAFontAreAsFineAsTheTolerance) {
+  const TextFont font{roundFont(), nullptr};
+  options.font = &font;
+  add(text("O", 1000));
+  for (const double tolerance : {10.0, 1.0, 0.1}) {
+    options.tolerance = tolerance;
+    for (std::size_t i = 0; i + 1 < points().size(); ++i) {
+      const Point2 middle = (points()[i] + points()[i + 1]) * 0.5;
+      EXPECT_LE(500 - distance(middle, {500, 500}), tolerance * 1.001);
+    }
+  }
+  EXPECT_GT(points().size(), 120u);
+}
+
+TEST_F(Texts, LineThatCostsTooMuchGoesOnInBoxes) {
+  // Each letter is 1,900 bytes of moves; a line of 10,000 of them would be 10 million points.
+  FontParts parts;
+  parts.metrics.above = 10;
+  parts.shapes['O'].bytes = std::string(1900, '\x14') + std::string(1, '\0');
+  const TextFont font{*ShapeFont::read(*writeFont(parts), "costly.shx"), nullptr};
+  const TextLine line = layOutLine(std::string(10'000, 'O'), font);
+  std::size_t points = 0;
+  for (const auto& stroke : line.strokes) points += stroke.size();
+  EXPECT_LT(points, 3'000'000u);
+  EXPECT_EQ(line.strokes.size(), 10'000u);
+  EXPECT_EQ(line.strokes.back().size(), 5u);
+  EXPECT_EQ(line.plain.size(), 10'000u);
+}
+
+TEST_F(Texts, VerticalStyleWritesDownwards) {
+  const Handle style = db->findRecord(Table::Styles, "Standard");
+  db->edit<TextStyle>(style).vertical = true;
+  Text one = text("II", 10);
+  one.style = style;
+  one.position = {100, 50};
+  add(one);
+  expectBox(shown().bounds(), {100, 25}, {100, 50});
+}
+
 TEST(Paragraphs, CodesAreTakenOut) {
   EXPECT_EQ(plainOfMText("{\\fSimSun|b0;\\H2.5x;Main}\\Pcircuit\\~1"), "Main\ncircuit 1");
   EXPECT_EQ(plainOfMText("a\\\\b\\{c\\}"), "a\\b{c}");
@@ -202,6 +278,29 @@ TEST(Paragraphs, ChineseBreaksBetweenCharacters) {
   text.width = 2.6;  // two characters
   text.text = "变压器进线";
   EXPECT_EQ(layOutParagraph(text).size(), 3u);
+}
+
+TEST_F(Texts, ParagraphTakesWidthAndSlantOfItsStyle) {
+  const Handle style = db->findRecord(Table::Styles, "Standard");
+  db->edit<TextStyle>(style).widthFactor = 0.5;
+  db->edit<TextStyle>(style).oblique = base::radians(45);
+  MText paragraph;
+  paragraph.text = "I";
+  paragraph.height = 21;
+  paragraph.attachment = 7;
+  paragraph.style = style;
+  add(paragraph);
+  expectBox(shown().bounds(), {2, 0}, {23, 21});
+}
+
+TEST(Paragraphs, NarrowStyleWrapsLater) {
+  MText text;
+  text.height = 21;
+  text.width = 21 * 3;
+  text.text = "III III III";
+  ParagraphStyle style;
+  style.widthFactor = 0.25;
+  EXPECT_EQ(layOutParagraph(text, style).size(), 1u);
 }
 
 TEST(Paragraphs, AttachmentInTheMiddleCentres) {
