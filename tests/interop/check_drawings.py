@@ -17,7 +17,8 @@ import shutil
 import subprocess
 import sys
 
-HERE = pathlib.Path(__file__).resolve().parent
+from npm_readers import HERE, install
+
 DATA = HERE.parent / "data" / "dwg"
 PYTHON = "/usr/bin/python3"
 
@@ -138,18 +139,6 @@ def check_gdal_dxf(name, answer, wanted):
         least = wanted["model_space"].get(ours, 0)
         found = answer["entities"].get(kind, 0)
         expect(found >= least, name, "gdal (DXF)", f"{kind}: {found}, fewer than {least}")
-
-
-def install(folder):
-    """Installs the npm readers; returns their node_modules."""
-    folder.mkdir(parents=True, exist_ok=True)
-    modules = folder / "node_modules"
-    manifest = HERE / "package.json"
-    copy = folder / "package.json"
-    if not modules.is_dir() or not copy.is_file() or copy.read_bytes() != manifest.read_bytes():
-        shutil.copyfile(manifest, copy)
-        subprocess.run(["npm", "install", "--no-audit", "--no-fund"], cwd=folder, check=True)
-    return modules
 
 
 def run_reader(command, files):

@@ -49,7 +49,7 @@ fs::path FontLibrary::fileOf(std::string_view name, const fs::path& drawingFolde
   if (!drawingFolder.empty()) folders.insert(folders.begin(), drawingFolder);
   for (const fs::path& folder : folders) {
     for (const std::wstring_view extension : kExtensions) {
-      const fs::path path = base::resolvePath(
+      fs::path path = base::resolvePath(
           base::joinPath(base::wideFromPath(folder), stem + std::wstring(extension)));
       if (base::stampOf(path).present) return path;
     }

@@ -162,7 +162,7 @@ class Interpreter {
   void obey(std::uint8_t command, std::string_view operands) {
     switch (command) {
       case kPenDown: down_ = true; return;
-      case kPenUp: down_ = false; return;
+      case kPenUp: return lift();
       case kDivide: return rescale(1.0 / byteAt(operands, 0));
       case kMultiply: return rescale(byteAt(operands, 0));
       case kPush: return push();
@@ -187,6 +187,11 @@ class Interpreter {
     const Point2 scale = scale_ * factor;
     const auto sound = [](double s) { return s >= kLeastScale && s <= kMostScale; };
     if (sound(scale.x) && sound(scale.y)) scale_ = scale;
+  }
+
+  void lift() {
+    down_ = false;
+    open_ = false;
   }
 
   void push() {

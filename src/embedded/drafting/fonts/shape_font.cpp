@@ -41,9 +41,9 @@ class FontReader {
 
   base::Status run() {
     if (!takeSignature()) return damage("is no compiled shape font");
-    const base::Status status = font_.kind_ == FontKind::Shapes    ? readShapes()
-                                : font_.kind_ == FontKind::Unifont ? readUnifont()
-                                                                   : readBigFont();
+    base::Status status = font_.kind_ == FontKind::Shapes    ? readShapes()
+                          : font_.kind_ == FontKind::Unifont ? readUnifont()
+                                                             : readBigFont();
     if (!status.ok()) return status;
     putInOrder();
     takeFontRecord();

@@ -56,8 +56,8 @@ TEST_F(Shapes, PenStartsDownAndLiftsBetweenStrokes) {
   EXPECT_EQ(shape.run.end, (Point2{5, 1}));
 }
 
-TEST_F(Shapes, LiftingWithoutMovingKeepsTheStroke) {
-  EXPECT_EQ(pointsOf(draw("10 02 01 10 00")), (Strokes{{{0, 0}, {1, 0}, {2, 0}}}));
+TEST_F(Shapes, LiftingEndsTheStrokeAlsoWithoutMoving) {
+  EXPECT_EQ(pointsOf(draw("10 02 01 10 00")), (Strokes{{{0, 0}, {1, 0}}, {{1, 0}, {2, 0}}}));
 }
 
 TEST_F(Shapes, NothingIsDrawnBehindTheEnd) {
