@@ -120,6 +120,13 @@ class Usage(Install):
             self.assertIn("missing", problem)
 
 
+class Sample(Install):
+    def test_fonts_stand_beside_their_licences(self):
+        folder = self.folder / "install" / "Datcom"
+        for name in ("english.wzk", "chinese.wzk", "fonts.txt", "ARPHICPL.TXT"):
+            self.assertGreater((folder / name).stat().st_size, 1000, name)
+
+
 class Plot(Install):
     def test_pdf_is_one_page_that_can_be_searched(self):
         self.run_vornik("plot", "chain.dwg", "--output", "chain.pdf")
@@ -183,6 +190,33 @@ class Plot(Install):
         data = self.bytes_of("chain.png")
         self.assertEqual(data[:8], b"\x89PNG\r\n\x1a\n")
         self.assertEqual(struct.unpack(">I", data[16:20])[0], 640)
+
+    def test_fonts_are_found_by_name_or_replaced_with_a_word(self):
+        self.run_vornik("convert", "chain.dwg", "named.dxf")
+        named = self.bytes_of("named.dxf")
+        self.assertEqual(named.count(b"\ntxt\r\n"), 1)
+        (self.folder / "named.dxf").write_bytes(named.replace(b"\ntxt\r\n", b"\nother.shx\r\n"))
+        self.run_vornik("plot", "chain.dwg", "--output", "plain.svg")
+        _, problem = self.run_vornik("plot", "named.dxf", "--output", "named.svg")
+        self.assertIn("the font other.shx isn't there", problem)
+        self.assertEqual(self.bytes_of("named.svg"), self.bytes_of("plain.svg"))
+        (self.folder / "fonts").mkdir()
+        shutil.copy(self.folder / "install" / "Datcom" / "english.wzk",
+                    self.folder / "fonts" / "OTHER.SHX")
+        _, problem = self.run_vornik("plot", "named.dxf", "--output", "named.svg", "--fonts",
+                                     "fonts")
+        self.assertEqual(problem, "")
+        self.assertEqual(self.bytes_of("named.svg"), self.bytes_of("plain.svg"))
+
+    def test_damaged_font_is_told_with_its_file_and_offset(self):
+        self.run_vornik("convert", "chain.dwg", "damaged.dxf")
+        drawing = self.bytes_of("damaged.dxf").replace(b"\ngbcbig\r\n", b"\ncut\r\n")
+        (self.folder / "damaged.dxf").write_bytes(drawing)
+        font = self.bytes_of("install/Datcom/chinese.wzk")
+        (self.folder / "cut.shx").write_bytes(font[:1000])
+        _, problem = self.run_vornik("plot", "damaged.dxf", "--output", "damaged.svg")
+        self.assertRegex(problem, r"cut\.shx: byte \d+: ends within the index")
+        self.assertIn("cut.shx: the built-in font is taken instead", problem)
 
     def test_what_has_no_picture_is_told(self):
         shutil.copy(DATA / "TS1.dwg", self.folder)

@@ -28,7 +28,12 @@ class PolylinePen : public ShapePen {
  public:
   PolylinePen(std::vector<Path>& strokes, double tolerance)
       : strokes_(strokes), tolerance_(tolerance) {}
-  void move(Point2 to) override { add(strokes_.emplace_back(), to); }
+  void move(Point2 to) override {
+    constexpr std::size_t kUsualPoints = 8;
+    Path& path = strokes_.emplace_back();
+    path.reserve(kUsualPoints);
+    add(path, to);
+  }
   void line(Point2 to) override { add(strokes_.back(), to); }
   void arc(Point2 to, double bulge) override {
     Path& path = strokes_.back();
