@@ -4,6 +4,7 @@
 
 #include "platform/acad_command.h"
 #include "platform/acad_database.h"
+#include "platform/acad_documents.h"
 #include "platform/acad_entities.h"
 #include "platform/acad_geometry.h"
 #include "platform/acad_lisp.h"
