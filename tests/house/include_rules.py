@@ -22,7 +22,7 @@ RULES = {
     "store": {"platform", "module", "engine"},
     "auxiliary": {"platform", "module"},
     "controls": {"platform", "module", "auxiliary"},
-    "editor": {"platform", "store"},
+    "editor": {"platform", "module", "store"},
     "library_window": {"platform", "module", "store", "auxiliary", "controls", "editor"},
     "host": {"platform", "module", "engine", "store", "auxiliary", "library_window"},
     "resources": set(),
