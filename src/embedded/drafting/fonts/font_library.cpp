@@ -82,6 +82,7 @@ const FontLibrary::Loaded& FontLibrary::load(const fs::path& path) {
 }
 
 FontLibrary::Font FontLibrary::ofFile(const fs::path& path, Role role, Notes& notes) {
+  if (path.empty()) return nullptr;
   const Loaded& loaded = load(path);
   notes.insert(notes.end(), loaded.notes.begin(), loaded.notes.end());
   Font font = loaded.font;

@@ -28,7 +28,7 @@ class FontLibrary {
                 const std::filesystem::path& drawingFolder = {},
                 std::vector<std::string>* notes = nullptr);
 
-  // Of two files, either of which may be missing.
+  // Of two files. Where no path is given the built-in font stands without a note.
   TextFont ofFiles(const std::filesystem::path& latin, const std::filesystem::path& big,
                    std::vector<std::string>* notes = nullptr);
 

@@ -121,6 +121,7 @@ TEST_F(FontFolders, TwoFilesAsAPair) {
   const TextFont font = library.ofFiles(folder / "english.wzk", folder / "chinese.wzk", &notes);
   EXPECT_NE(font.latin, nullptr);
   EXPECT_NE(font.big, nullptr);
+  EXPECT_EQ(library.ofFiles({}, folder / "chinese.wzk", &notes).latin, nullptr);
   EXPECT_TRUE(notes.empty());
   EXPECT_EQ(library.ofFiles(folder / "none.wzk", folder / "chinese.wzk", &notes).latin, nullptr);
   EXPECT_FALSE(notes.empty());
