@@ -8,13 +8,16 @@
 namespace {
 constexpr const wchar_t* kMarkSection = L"Hlklib";
 constexpr const wchar_t* kMarkName = L"ZhlkMessageMark";
-}  // namespace
 
-std::wstring systemFolder() {
+std::wstring mainFolder(const wchar_t* name, const wchar_t* fallback) {
   wchar_t folder[kInformationLimit] = L"";
-  GetInformation(L"ZEMMain", L"ZemSys", L"C:\\Lumo7.0", folder, 1);
+  GetInformation(L"ZEMMain", name, fallback, folder, 1);
   return folder;
 }
+}  // namespace
+
+std::wstring systemFolder() { return mainFolder(L"ZemSys", L"C:\\Lumo7.0"); }
+std::wstring userFolder() { return mainFolder(L"ZemUse", L"C:\\User"); }
 
 std::wstring libraryFolder() { return systemFolder() + L"\\Datcom\\zhllib\\"; }
 

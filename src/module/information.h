@@ -7,6 +7,8 @@
 std::wstring systemFolder();
 // The library folder below it, with its final backslash.
 std::wstring libraryFolder();
+// The user's own folder, as it is stored or the fallback.
+std::wstring userFolder();
 
 // The message mark: 1 when clicks in the library window are sent to the command line, else 0. A
 // mark that isn't a number counts as 0, any number but 0 as 1.

@@ -74,6 +74,8 @@ class AcDbHandle {
   std::uint64_t value_ = 0;
 };
 
+class AcDbBlockTable;
+
 // A drawing. The one that a document shows belongs to the host; a database made by a module belongs
 // to the module, which deletes it.
 class AcDbDatabase {
@@ -98,6 +100,12 @@ class AcDbDatabase {
   Acad::ErrorStatus readDwgFile(const wchar_t* path, int share, bool convertCodePage,
                                 const wchar_t* password);
   AcGePoint3d insbase() const;
+  // Copies the source's model space, moved by the matrix, into this one's; layers, styles and
+  // blocks that are missing come along. eNotImplementedYet for a matrix that does more than move.
+  // The source stays as it is, whatever preserve says.
+  Acad::ErrorStatus insert(const AcGeMatrix3d& matrix, AcDbDatabase* source, bool preserve = true);
+  // The table of blocks; the caller closes it. Null unless eOk.
+  Acad::ErrorStatus getSymbolTable(AcDbBlockTable*& table, AcDb::OpenMode mode);
   Acad::ErrorStatus setDimblk(const wchar_t* name);
   Acad::ErrorStatus setDimblk1(const wchar_t* name);
   Acad::ErrorStatus setDimblk2(const wchar_t* name);

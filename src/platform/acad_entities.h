@@ -60,6 +60,24 @@ class AcDbEntity : public AcDbObject {
   AcDbObjectId layerId() const;
 };
 
+// Entities that a module makes belong to it until a block table record takes them; then close()
+// ends the access, as for an opened one.
+class AcDbLine : public AcDbEntity {
+ public:
+  AcDbLine(const AcGePoint3d& start, const AcGePoint3d& end);
+  const AcRxClass* isA() const override;
+  static const AcRxClass* desc();
+};
+
+class AcDbText : public AcDbEntity {
+ public:
+  // A null style is the drawing's Standard one. Rotation in radians.
+  AcDbText(const AcGePoint3d& position, const wchar_t* text, AcDbObjectId style = {},
+           double height = 0, double rotation = 0);
+  const AcRxClass* isA() const override;
+  static const AcRxClass* desc();
+};
+
 class AcDbBlockReference : public AcDbEntity {
  public:
   using AcDbEntity::AcDbEntity;
@@ -91,6 +109,22 @@ class AcDbBlockTableRecord : public AcDbObject {
 
   Acad::ErrorStatus newIterator(AcDbBlockTableRecordIterator*& iterator, bool atBeginning = true,
                                 bool skipErased = true) const;
+  // Puts an entity that the module has made behind the others. On success the drawing owns it, and
+  // the caller closes the handle; otherwise nothing has changed.
+  Acad::ErrorStatus appendAcDbEntity(AcDbEntity* entity);
+};
+
+constexpr const wchar_t* kModelSpaceName = L"*Model_Space";
+
+class AcDbBlockTable : public AcDbObject {
+ public:
+  using AcDbObject::AcDbObject;
+  const AcRxClass* isA() const override;
+  static const AcRxClass* desc();
+
+  // Opens the record of that name; the caller closes it. Null unless eOk; eKeyNotFound.
+  Acad::ErrorStatus getAt(const wchar_t* name, AcDbBlockTableRecord*& record, AcDb::OpenMode mode,
+                          bool openErased = false) const;
 };
 
 class AcCmColor {

@@ -32,6 +32,30 @@ struct AcGePoint3d {
   double distanceTo(const AcGePoint3d& other) const;
 };
 
+struct AcGeVector3d {
+  double x = 0;
+  double y = 0;
+  double z = 0;
+};
+
+// Rows and columns count from 0; points are columns, so that the last column is the translation.
+// Made as the identity.
+class AcGeMatrix3d {
+ public:
+  double operator()(int row, int column) const { return entry_[row][column]; }
+  double& operator()(int row, int column) { return entry_[row][column]; }
+  AcGeMatrix3d& setToTranslation(const AcGeVector3d& by) {
+    *this = {};
+    entry_[0][3] = by.x;
+    entry_[1][3] = by.y;
+    entry_[2][3] = by.z;
+    return *this;
+  }
+
+ private:
+  double entry_[4][4] = {{1, 0, 0, 0}, {0, 1, 0, 0}, {0, 0, 1, 0}, {0, 0, 0, 1}};
+};
+
 class AcDbExtents {
  public:
   AcGePoint3d minPoint() const { return min_; }

@@ -10,3 +10,4 @@
 #include "platform/framework_runtime.h"
 #include "platform/framework_shapes.h"
 #include "platform/framework_text.h"
+#include "platform/framework_wait_cursor.h"

@@ -30,6 +30,7 @@
 #include "platform/quill_data.h"
 
 struct CircuitRow;
+struct LibraryRowReading;
 struct RowPoint;
 
 // Names of symbols with a meaning of their own; compared exactly.
@@ -97,6 +98,14 @@ class CZhlkCircuitRecord {
   // leaves the tree empty.
   void ExpandRow();
 
+  // The tree as the record's row and slide. A row that can't be read or a drawing that can't be
+  // made gives a message and leaves the slide as it was; the row has changed by then. Symbols that
+  // aren't found are drawn as empty cells. Host services are called: lock the document.
+  void CaptureTree();
+  // The slide of that row, with the number that the row has, under that name. The record's own row,
+  // name, number and tree stay.
+  void CaptureRow(const CString& circuitRow, const CString& circuitName);
+
   // 1 with the path for that mode, or 0 without touching it. Names compare whole, without case.
   int FindSymbolFile(const CString& symbol, CString& path, int mode) const;
   // The symbol's slide; empty when there is none. An unknown symbol's name becomes that of the
@@ -122,6 +131,7 @@ class CZhlkCircuitRecord {
   void expandBlocks(const CircuitRow& circuit);
   void expandTexts(const CircuitRow& circuit);
   void expandLines(const CircuitRow& circuit);
+  void capture(const LibraryRowReading& reading, const CString& label, const CString& circuitName);
 
   std::optional<std::string> symbolIndex_;  // the directory file
   std::wstring symbolFolder_;               // with its final backslash

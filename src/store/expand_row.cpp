@@ -7,13 +7,12 @@
 #include "module/tree_values.h"
 #include "platform/framework_messages.h"
 #include "store/cell_lattice.h"
+#include "store/circuit_drawing.h"
 #include "store/circuit_record.h"
 #include "store/element_writer.h"
 #include "store/pixels.h"
 
 namespace {
-
-constexpr const wchar_t* kCaption = L"回路编辑";
 
 constexpr double kMarginX = 15.0;  // drawing units
 constexpr double kMarginY = 10.0;
@@ -51,7 +50,7 @@ void CZhlkCircuitRecord::ExpandRow() {
   const LibraryRowReading reading = readLibraryRow(row.wide());
   if (number.IsEmpty() && reading.number) number = *reading.number;
   if (!reading.ok()) {
-    showMessageBox({.text = reading.message, .caption = kCaption});
+    showMessageBox({.text = reading.message, .caption = kCircuitCaption});
     return;
   }
   layOut(reading.row);

@@ -3,6 +3,7 @@
 #include <unordered_map>
 
 #include "embedded/base/text.h"
+#include "embedded/drafting/database/moving.h"
 #include "embedded/drafting/database/visit.h"
 #include "embedded/drafting/database/xdata.h"
 
@@ -19,6 +20,14 @@ class Cloner {
     result.block = makeBlock(name, source_.modelSpace(), source_.header.point("INSBASE"));
     result.leftBehind = leftBehind(name);
     return result;
+  }
+
+  std::vector<std::string> runInto(BlockRecord& block, const Point3& by) {
+    by_ = by;
+    for (const Entity* entity = source_.modelSpace().first; entity; entity = entity->next) {
+      copyInto(block, *entity);
+    }
+    return leftBehind(block.name);
   }
 
   // The block's content as the target's model space.
@@ -77,18 +86,21 @@ class Cloner {
       ++rawEntities_;
       return;
     }
-    const Handle made = target_.append(block, copied(entity));
+    const bool moves = block.isSpace();
+    const Handle made = target_.append(block, copied(entity, moves));
     if (entity.kind == Kind::Attdef) block.hasAttdefs = true;
     const auto* insert = dynamic_cast<const Insert*>(&entity);
     if (!insert) return;
     for (const Handle attribute : insert->attributes) {
       const auto* one = source_.find<Entity>(attribute);
-      if (one) target_.appendAttribute(*target_.find<Insert>(made), copied(*one));
+      if (one) target_.appendAttribute(*target_.find<Insert>(made), copied(*one, moves));
     }
   }
 
-  std::unique_ptr<Entity> copied(const Entity& entity) {
+  // `moves`: the copy is put where the movement leads, as block contents aren't.
+  std::unique_ptr<Entity> copied(const Entity& entity, bool moves) {
     std::unique_ptr<Entity> copy(static_cast<Entity*>(copyObject(entity).release()));
+    if (moves && by_ != Point3{}) moveEntity(*copy, by_);
     copy->extension = 0;
     copy->reactors.clear();
     copy->plotStyle = kByLayer;
@@ -180,6 +192,7 @@ class Cloner {
   Database& target_;
   const Database& source_;
   std::string_view name_;  // of the block being made
+  Point3 by_;              // the movement of what goes into a space
   std::unordered_map<Handle, Handle> blocks_;
   std::size_t rawEntities_ = 0;
 };
@@ -188,6 +201,10 @@ class Cloner {
 
 CloneResult cloneAsBlock(Database& target, const Database& source, std::string_view name) {
   return Cloner(target, source).run(name);
+}
+
+std::vector<std::string> cloneMoved(Database& target, const Database& source, const Point3& by) {
+  return Cloner(target, source).runInto(target.modelSpace(), by);
 }
 
 WrittenBlock drawingOfBlock(const Database& source, const BlockRecord& block) {

@@ -22,6 +22,10 @@ struct CloneResult {
 // becomes the block's base point. The name must be free.
 CloneResult cloneAsBlock(Database& target, const Database& source, std::string_view name);
 
+// Copies the source's model space to the end of the target's, moved by `by`. A sentence for each
+// kind of thing that couldn't come along.
+std::vector<std::string> cloneMoved(Database& target, const Database& source, const Point3& by);
+
 struct WrittenBlock {
   std::unique_ptr<Database> drawing;
   std::vector<std::string> leftBehind;

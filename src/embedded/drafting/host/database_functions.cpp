@@ -74,7 +74,7 @@ Acad::ErrorStatus AcDbDatabase::saveAs(const wchar_t* path, bool, int, const voi
 }
 
 Acad::ErrorStatus AcDbDatabase::readDwgFile(const wchar_t* path, int, bool, const wchar_t*) {
-  if (Session::active().faults.fails("readDwgFile")) return Acad::eFileAccessErr;
+  if (drafting::serviceFails("readDwgFile")) return Acad::eFileAccessErr;
   auto database = drafting::readDrawing(drafting::utf8(path));
   if (!database.ok()) return Acad::eFileAccessErr;
   state_->replace(std::move(*database));

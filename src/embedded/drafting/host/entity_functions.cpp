@@ -1,53 +1,20 @@
 // Open objects for modules: thin handles that look their object up at each call, since an erase or
 // undo may take it away in between.
 #include "embedded/drafting/database/xdata.h"
-#include "embedded/drafting/host/host_state.h"
+#include "embedded/drafting/host/open_object.h"
 
 using drafting::Handle;
-using drafting::Session;
+using drafting::OpenObject;
+using drafting::openObject;
 
 namespace {
-
-class OpenObject : public AcDbObjectState {
- public:
-  OpenObject(AcDbObjectId id, bool forWrite)
-      : id(id), forWrite(forWrite), state_(id.stub()->database->shared_from_this()) {
-    forWrite ? void(id.stub()->writer = true) : void(++id.stub()->readers);
-  }
-  ~OpenObject() override {
-    forWrite ? void(id.stub()->writer = false) : void(--id.stub()->readers);
-  }
-
-  // The only reader becomes the writer.
-  bool becomeWriter() {
-    if (forWrite) return true;
-    if (id.stub()->readers != 1) return false;
-    id.stub()->readers = 0;
-    id.stub()->writer = forWrite = true;
-    return true;
-  }
-
-  drafting::Database* database() const { return id.stub()->database->database(); }
-  template <class T>
-  T* find() const {
-    return database() ? database()->find<T>(id.stub()->handle) : nullptr;
-  }
-  AcDbObjectId idOf(Handle handle) const {
-    return handle ? id.stub()->database->idOf(handle) : AcDbObjectId();
-  }
-
-  const AcDbObjectId id;
-  bool forWrite;
-
- private:
-  std::shared_ptr<AcDbDatabaseState> state_;  // outlives the drawing, if need be
-};
-
-OpenObject& open(const AcDbObject& object) { return static_cast<OpenObject&>(*object.state()); }
 
 constexpr AcRxClass kObject{L"AcDbObject", nullptr};
 constexpr AcRxClass kEntity{L"AcDbEntity", &kObject};
 constexpr AcRxClass kBlockReference{L"AcDbBlockReference", &kEntity};
+constexpr AcRxClass kLine{L"AcDbLine", &kEntity};
+constexpr AcRxClass kText{L"AcDbText", &kEntity};
+constexpr AcRxClass kBlockTable{L"AcDbBlockTable", &kObject};
 constexpr AcRxClass kBlockTableRecord{L"AcDbBlockTableRecord", &kObject};
 constexpr AcRxClass kLayerTableRecord{L"AcDbLayerTableRecord", &kObject};
 
@@ -77,6 +44,12 @@ const AcRxClass* AcDbBlockReference::isA() const { return desc(); }
 AcDbBlockReference* AcDbBlockReference::cast(const AcRxObject* object) {
   return castTo<AcDbBlockReference>(object, desc());
 }
+const AcRxClass* AcDbLine::desc() { return &kLine; }
+const AcRxClass* AcDbLine::isA() const { return desc(); }
+const AcRxClass* AcDbText::desc() { return &kText; }
+const AcRxClass* AcDbText::isA() const { return desc(); }
+const AcRxClass* AcDbBlockTable::desc() { return &kBlockTable; }
+const AcRxClass* AcDbBlockTable::isA() const { return desc(); }
 const AcRxClass* AcDbBlockTableRecord::desc() { return &kBlockTableRecord; }
 const AcRxClass* AcDbBlockTableRecord::isA() const { return desc(); }
 AcDbBlockTableRecord* AcDbBlockTableRecord::cast(const AcRxObject* object) {
@@ -88,15 +61,16 @@ AcDbLayerTableRecord* AcDbLayerTableRecord::cast(const AcRxObject* object) {
   return castTo<AcDbLayerTableRecord>(object, desc());
 }
 
-AcDbObjectId AcDbObject::objectId() const { return open(*this).id; }
+AcDbObjectId AcDbObject::objectId() const { return openObject(*this).id(); }
 
 void AcDbObject::getAcDbHandle(AcDbHandle& handle) const {
-  handle = AcDbHandle(open(*this).id.stub()->handle);
+  const AcDbObjectId id = openObject(*this).id();
+  handle = AcDbHandle(id.isNull() ? 0 : id.stub()->handle);
 }
 
 Acad::ErrorStatus AcDbObject::upgradeOpen() {
-  if (Session::active().faults.fails("upgradeOpen")) return Acad::eWasOpenForRead;
-  return open(*this).becomeWriter() ? Acad::eOk : Acad::eWasOpenForRead;
+  if (drafting::serviceFails("upgradeOpen")) return Acad::eWasOpenForRead;
+  return openObject(*this).becomeWriter() ? Acad::eOk : Acad::eWasOpenForRead;
 }
 
 Acad::ErrorStatus AcDbObject::close() {
@@ -105,20 +79,20 @@ Acad::ErrorStatus AcDbObject::close() {
 }
 
 std::uint16_t AcDbEntity::colorIndex() const {
-  const auto* entity = open(*this).find<drafting::Entity>();
+  const auto* entity = openObject(*this).find<drafting::Entity>();
   return entity ? static_cast<std::uint16_t>(entity->colour) : std::uint16_t{256};
 }
 
 Acad::ErrorStatus AcDbEntity::setColorIndex(std::uint16_t index, bool subentities) {
-  OpenObject& object = open(*this);
+  OpenObject& object = openObject(*this);
   auto* entity = object.find<drafting::Entity>();
   if (!entity) return Acad::eWasErased;
-  if (!object.forWrite) return Acad::eWasOpenForRead;
+  if (!object.forWrite()) return Acad::eWasOpenForRead;
   if (index > 256) return Acad::eInvalidInput;
   const auto colour = static_cast<std::int16_t>(index);
   const auto paint = [&](drafting::Entity& one) {
     if (one.colour == colour) return;  // nothing for undo to remember
-    object.database()->willChange(one);
+    if (object.database()) object.database()->willChange(one);
     one.colour = colour;
   };
   paint(*entity);
@@ -131,17 +105,17 @@ Acad::ErrorStatus AcDbEntity::setColorIndex(std::uint16_t index, bool subentitie
 }
 
 AcDbObjectId AcDbEntity::layerId() const {
-  const auto* entity = open(*this).find<drafting::Entity>();
-  return entity ? open(*this).idOf(entity->layer) : AcDbObjectId();
+  const auto* entity = openObject(*this).find<drafting::Entity>();
+  return entity ? openObject(*this).idOf(entity->layer) : AcDbObjectId();
 }
 
 AcDbObjectId AcDbBlockReference::blockTableRecord() const {
-  const auto* insert = open(*this).find<drafting::Insert>();
-  return insert ? open(*this).idOf(insert->block) : AcDbObjectId();
+  const auto* insert = openObject(*this).find<drafting::Insert>();
+  return insert ? openObject(*this).idOf(insert->block) : AcDbObjectId();
 }
 
 AcCmColor AcDbLayerTableRecord::color() const {
-  const auto* layer = open(*this).find<drafting::Layer>();
+  const auto* layer = openObject(*this).find<drafting::Layer>();
   return AcCmColor(static_cast<std::uint16_t>(layer ? layer->colour : 7));
 }
 
@@ -247,9 +221,9 @@ std::optional<drafting::XDataItem> itemOf(const drafting::Database& database, co
 }  // namespace
 
 resbuf* AcDbObject::xData(const wchar_t* application) const {
-  const OpenObject& object = open(*this);
+  const OpenObject& object = openObject(*this);
   const auto* found = object.find<drafting::Object>();
-  if (!found || Session::active().faults.fails("xData")) return nullptr;
+  if (!found || !object.database() || drafting::serviceFails("xData")) return nullptr;
   const Handle app =
       object.database()->findRecord(drafting::Table::AppIds, drafting::utf8(application));
   const drafting::XData* data = app ? drafting::findXData(*found, app) : nullptr;
@@ -267,10 +241,11 @@ resbuf* AcDbObject::xData(const wchar_t* application) const {
 }
 
 Acad::ErrorStatus AcDbObject::setXData(const resbuf* chain) {
-  OpenObject& object = open(*this);
+  OpenObject& object = openObject(*this);
   auto* found = object.find<drafting::Object>();
   if (!found) return Acad::eWasErased;
-  if (!object.forWrite) return Acad::eWasOpenForRead;
+  if (!object.database()) return Acad::eNoDatabase;
+  if (!object.forWrite()) return Acad::eWasOpenForRead;
   if (!chain || chain->restype != 1001) return Acad::eInvalidInput;
   drafting::Database& database = *object.database();
   const Handle app =
@@ -308,7 +283,7 @@ Acad::ErrorStatus findForOpen(AcDbObjectId id, drafting::Object*& object) {
 Acad::ErrorStatus acdbOpenAcDbObject(AcDbObject*& object, AcDbObjectId id, AcDb::OpenMode mode,
                                      bool) {
   object = nullptr;
-  if (Session::active().faults.fails("acdbOpenAcDbObject")) return Acad::eInvalidKey;
+  if (drafting::serviceFails("acdbOpenAcDbObject")) return Acad::eInvalidKey;
   drafting::Object* found;
   const Acad::ErrorStatus status = findForOpen(id, found);
   if (status != Acad::eOk) return status;
@@ -333,7 +308,7 @@ Acad::ErrorStatus acdbOpenAcDbObject(AcDbObject*& object, AcDbObjectId id, AcDb:
 Acad::ErrorStatus acdbOpenAcDbEntity(AcDbEntity*& entity, AcDbObjectId id, AcDb::OpenMode mode,
                                      bool) {
   entity = nullptr;
-  if (Session::active().faults.fails("acdbOpenAcDbEntity")) return Acad::eInvalidKey;
+  if (drafting::serviceFails("acdbOpenAcDbEntity")) return Acad::eInvalidKey;
   drafting::Object* found;
   const Acad::ErrorStatus status = findForOpen(id, found);
   if (status != Acad::eOk) return status;

@@ -50,6 +50,12 @@ inline std::string utf8(const wchar_t* text) {
   return text ? base::utf8FromWide(text) : std::string();
 }
 
+// Whether a test wants the service to fail. Databases work without a session too.
+inline bool serviceFails(std::string_view service) {
+  Session* session = Session::activeOrNull();
+  return session && session->faults.fails(service);
+}
+
 // The state of the session's drawing, made when first asked for.
 AcDbDatabaseState& currentState(Session& session);
 
