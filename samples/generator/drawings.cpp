@@ -78,6 +78,15 @@ std::unique_ptr<Database> makeFigureDrawing(const Figure& figure) {
   return drawing.take();
 }
 
+std::unique_ptr<Database> makeFrameDrawing() {
+  constexpr std::int16_t kFrameColour = 8;
+  auto database = makeFigureDrawing({{'R', {-26.25, 6, 26.25, -134}, ""}});
+  for (Entity* line = database->modelSpace().first; line; line = line->next) {
+    line->colour = kFrameColour;
+  }
+  return database;
+}
+
 std::unique_ptr<Database> makeScaleMarkDrawing() {
   auto database = Database::makeNew();
   auto definition = std::make_unique<Attdef>();

@@ -1,11 +1,15 @@
 // What an install holds, relative to its folder:
 //
-//   system/Fah.dwg                     the block that marks a circuit's place
-//   Datcom/english.wzk, chinese.wzk    shape fonts, with fonts.txt and ARPHICPL.TXT on their
-//   licences Datcom/zhllib/zhllib.qdp, .slb     circuits and their slides Datcom/zhllib/zhlFzgn.qdp
-//   auxiliary groups, with a folder fzgnNNNN each Dwglib/dwgdir.dab, slddir.dab      directory
-//   files: name (8), folder code (4) Dwglib/Dqbl0012/                   symbols and the index file
-//   Dqbl0012.idx User/                              the user's files
+//   system/Fah.dwg                  the block that marks a circuit's place
+//   system/t-Arr.dwg                the frame around every circuit's slide
+//   Datcom/english.wzk, chinese.wzk shape fonts; fonts.txt and ARPHICPL.TXT on their licences
+//   Datcom/zhllib/zhllib.qdp, .slb  circuits; slides are captured once the install is in use
+//   Datcom/zhllib/zhlFzgn.qdp       auxiliary groups
+//   Datcom/zhllib/fzgnNNNN/         a group's drawings and slides
+//   Dwglib/dwgdir.dab, slddir.dab   directory files: name (8), folder code (4)
+//   Dwglib/t-sywj.dat               group table: name, folder, picker size, page
+//   Dwglib/Dqbl0012/                symbols, their slides and index text: Dqbl0012.slb, .idx
+//   User/                           the user's files
 #include "samples/generator/install.h"
 
 #include "auxiliary/auxiliary_store.h"
@@ -15,8 +19,10 @@
 #include "embedded/drafting/documents/drawing_files.h"
 #include "platform/common_funcs.h"
 #include "platform/quill_data.h"
+#include "platform/slide_store.h"
 #include "samples/generator/drawings.h"
 #include "samples/generator/fonts.h"
+#include "samples/generator/slides.h"
 
 namespace samples {
 namespace {
@@ -25,6 +31,7 @@ namespace fs = std::filesystem;
 
 constexpr std::string_view kSymbolFolder = "Dqbl0012";
 constexpr std::string_view kFolderCode = "0012";
+constexpr std::string_view kGroupTable = "常用主回路符号 Dqbl0012 6 0\r\n";
 constexpr wchar_t kListSeparator = L'\x03';
 
 class Installer {
@@ -33,9 +40,10 @@ class Installer {
       : folder_(std::move(folder)), progress_(progress) {}
 
   base::Status run() {
-    for (const auto step : {&Installer::makeFolders, &Installer::makeFonts, &Installer::makeMark,
-                            &Installer::makeSymbols, &Installer::makeDirectoryFiles,
-                            &Installer::makeCircuits, &Installer::makeAuxiliary}) {
+    for (const auto step :
+         {&Installer::makeFolders, &Installer::makeFonts, &Installer::makeSystemDrawings,
+          &Installer::makeSymbols, &Installer::makeDirectoryFiles, &Installer::makeCircuits,
+          &Installer::makeAuxiliary}) {
       const base::Status status = (this->*step)();
       if (!status) return status;
     }
@@ -64,16 +72,22 @@ class Installer {
     return installFonts(folder_ / "Datcom");
   }
 
-  base::Status makeMark() { return save(*makeScaleMarkDrawing(), folder_ / "system" / "Fah.dwg"); }
+  base::Status makeSystemDrawings() {
+    const base::Status status = save(*makeScaleMarkDrawing(), folder_ / "system" / "Fah.dwg");
+    return status ? save(*makeFrameDrawing(), folder_ / "system" / "t-Arr.dwg") : status;
+  }
 
   base::Status makeSymbols() {
     progress_("symbols");
+    const fs::path group = folder_ / "Dwglib" / kSymbolFolder;
+    Slides slides;
     for (const SymbolDefinition& symbol : symbols()) {
-      const base::Status status = save(*makeFigureDrawing(symbol.figure),
-                                       folder_ / "Dwglib" / kSymbolFolder / (symbol.name + ".dwg"));
+      const auto drawing = makeFigureDrawing(symbol.figure);
+      const base::Status status = save(*drawing, group / (symbol.name + ".dwg"));
       if (!status) return status;
+      slides.emplace_back(symbol.name, symbolSlide(*drawing, symbol.name));
     }
-    return {};
+    return saveSlides(group / (std::string(kSymbolFolder) + ".slb"), slides);
   }
 
   base::Status makeDirectoryFiles() {
@@ -90,15 +104,34 @@ class Installer {
       const base::Status status = base::saveAtomically(library / name, directory);
       if (!status) return status;
     }
-    return base::saveAtomically(library / kSymbolFolder / (std::string(kSymbolFolder) + ".idx"),
-                                base::ansiFromWide(base::wideFromUtf8(index)));
+    const base::Status status = base::saveAtomically(
+        library / kSymbolFolder / (std::string(kSymbolFolder) + ".idx"), ansi(index));
+    return status ? base::saveAtomically(library / "t-sywj.dat", ansi(kGroupTable)) : status;
+  }
+
+  static std::string ansi(std::string_view utf8) {
+    return base::ansiFromWide(base::wideFromUtf8(utf8));
   }
 
   static void setText(CQuillDpData& tree, const std::wstring& key, const std::wstring& value) {
     tree.SetSubValueW(key.c_str(), static_cast<std::int16_t>(value.size() + 1), value.c_str(), 0);
   }
 
-  // Slides are captured later; a library without any is a whole one.
+  using Slides = std::vector<std::pair<std::string, std::string>>;  // name, bytes
+
+  // Whatever slides the library has else stay.
+  static base::Status saveSlides(const fs::path& path, const Slides& slides) {
+    CSlbMan library;
+    library.OnOpenDocument(base::wideFromPath(path).c_str());
+    for (const auto& [name, bytes] : slides) {
+      library.AddSlideW(base::wideFromUtf8(name).c_str(), bytes.data(),
+                        static_cast<std::uint32_t>(bytes.size()));
+    }
+    if (library.SaveModified()) return {};
+    return base::Status::failure(base::utf8FromPath(path) + ": can't be written");
+  }
+
+  // A library without slides is a whole one.
   base::Status makeSlideLibrary(const fs::path& path) {
     if (fs::exists(path) || CreateEmptySlideLibrary(base::wideFromPath(path).c_str())) return {};
     return base::Status::failure(base::utf8FromPath(path) + ": can't be written");
@@ -151,20 +184,22 @@ class Installer {
     setText(tree, key, base::wideFromUtf8(group.directory));
     setText(tree, key + L"\\类型", L"0");
     std::wstring labels;
+    Slides slides;
     int number = 0;
     for (const AuxiliaryItem& item : group.items) {
       const std::string digits = std::to_string(++number);
       const std::string block = "FG" + group.directory.substr(group.directory.size() - 3) +
                                 std::string(3 - digits.size(), '0') + digits;
-      const base::Status status =
-          save(*makeFigureDrawing(item.figure), directory / (block + ".dwg"));
+      const auto drawing = makeFigureDrawing(item.figure);
+      const base::Status status = save(*drawing, directory / (block + ".dwg"));
       if (!status) return status;
+      slides.emplace_back(block, iconSlide(*drawing));
       const std::wstring label = base::wideFromUtf8(item.label);
       setText(tree, key + L"\\数据\\" + label, base::wideFromUtf8(block));
       labels += label + L"&";
     }
     setText(tree, key + L"\\索引", labels);
-    return makeSlideLibrary(directory / (group.directory + ".slb"));
+    return saveSlides(directory / (group.directory + ".slb"), slides);
   }
 
   fs::path folder_;

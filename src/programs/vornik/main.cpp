@@ -25,7 +25,8 @@ constexpr Row kCommands[] = {
     {"convert", vornik::convertCommand, "turn a drawing into another file form"},
     {"bom", vornik::bomCommand, "count models by symbol: the parts list"},
     {"plot", vornik::plotCommand, "turn a drawing into a PDF, SVG or PNG"},
-    {"row", vornik::rowCommand, "read circuit data rows"},
+    {"row", vornik::rowCommand, "read and expand circuit data rows"},
+    {"library", vornik::libraryCommand, "list, check, print and change a library of circuits"},
 };
 
 void printHelp(std::ostream& out) {

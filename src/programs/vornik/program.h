@@ -22,6 +22,7 @@ int dumpCommand(const Words& words);
 int bomCommand(const Words& words);
 int plotCommand(const Words& words);
 int rowCommand(const Words& words);
+int libraryCommand(const Words& words);
 
 // Options of the form --name VALUE taken out of `words`; what is left are the plain arguments.
 class Options {
