@@ -4,6 +4,12 @@
 #include <cstdint>
 #include <memory>
 
+#include "platform/framework_shapes.h"
+#include "platform/framework_text.h"
+
+class CBitmap;
+class CDC;
+
 // One open slide library. Names compare without case; a name that code page 936 can't hold in 31
 // bytes is refused.
 class CSlbMan {
@@ -31,3 +37,58 @@ class CSlbMan {
   struct State;
   std::unique_ptr<State> state_;
 };
+
+// --- renderers, where there are windows
+
+// Draws slides as the host shows them, and the grid that they stand in. The caller sets the target
+// before each call; without one nothing is drawn. What a slide is damaged at ends its picture.
+class CGraph {
+ public:
+  CDC* dc = nullptr;  // not owned
+
+  // Stretches the slide over the box whose upper left corner is (x, y), and stays within it. The
+  // last two numbers are always 0.
+  void Draw(const char* data, std::uint32_t size, int width, int height, int x, int y, int, int);
+  // Lines around cells of equal size in the rectangle, from (left, top) on; pixels that the
+  // division leaves over stay free at the right and below. Counts below 1 count as 1.
+  void DrawGrid(const RECT& rectangle, int columns, int rows, int left, int top);
+  // Marks the cell, counted from 0 over all pages, if it stands on that page, also counted from 0.
+  // Done twice it restores the picture. The mode is always 0.
+  void HighLightBlock(const RECT& rectangle, int columns, int rows, int page, int cell, int mode);
+};
+
+// For single slides.
+class CGraphnored {
+ public:
+  CDC* dc = nullptr;  // not owned
+
+  void Draw(const char* data, std::uint32_t size, int width, int height, int x, int y, int, int);
+};
+
+// A slide library read whole, for icons.
+class CSlideLibraryData {
+ public:
+  CSlideLibraryData();
+  ~CSlideLibraryData();
+  CSlideLibraryData(const CSlideLibraryData&) = delete;
+  CSlideLibraryData& operator=(const CSlideLibraryData&) = delete;
+
+  // Nonzero on success; otherwise the library is empty.
+  int ReadDataFromFileW(const CString& path);
+  // kNoSlide when there is none of that name.
+  std::uint16_t GetIndexFromName(const CString& name) const;
+  // The slide stretched over a bitmap of that size, on that background (a colour as the system has
+  // them). The caller deletes it. Null when there is no such slide, or it can't be made. Where
+  // there are windows only.
+  CBitmap* MakeBitMapFromIndex(std::uint16_t index, int width, int height, std::uint32_t colour);
+  int DeleteSlideFromSlb(const CString& name);  // nonzero when it was there
+  // Writes the whole library, the old file becoming the backup. Nonzero on success. A file there
+  // that is no library is first moved to NAME.damaged-N.
+  int WriteDataToFile(const CString& path);
+
+ private:
+  struct State;
+  std::unique_ptr<State> state_;
+};
+
+constexpr std::uint16_t kNoSlide = 0xFFFF;

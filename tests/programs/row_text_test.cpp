@@ -3,6 +3,8 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+
 #include "programs/vornik/library_check.h"
 
 namespace vornik {
@@ -12,8 +14,9 @@ const std::wstring kRow =
     LR"(("05" "A01" "x y" -6.25 0 0 "B12" "" 0 -17.5 90 "&&&&" 0 -8 0 -10 "TEXT" "QF1" 2 3 5 -6 0))";
 
 std::vector<std::wstring> textsOf(const std::vector<RowToken>& tokens) {
-  std::vector<std::wstring> out;
-  for (const RowToken& token : tokens) out.push_back(token.text);
+  std::vector<std::wstring> out(tokens.size());
+  std::transform(tokens.begin(), tokens.end(), out.begin(),
+                 [](const RowToken& token) { return token.text; });
   return out;
 }
 using Texts = std::vector<std::wstring>;

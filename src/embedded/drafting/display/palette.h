@@ -2,8 +2,11 @@
 #pragma once
 
 #include "embedded/base/canvas.h"
+#include "embedded/base/colour_table.h"
 
 namespace drafting {
+
+using base::screenColour;
 
 enum class Background { White, Black };
 
@@ -21,8 +24,5 @@ class Palette {
   Background background_;
   bool monochrome_;
 };
-
-// The colour of an index as the screen shows it on black.
-base::Rgb screenColour(int index);
 
 }  // namespace drafting
