@@ -7,6 +7,8 @@
 #include <random>
 
 #include "embedded/base/files.h"
+#include "embedded/base/paths.h"
+#include "embedded/base/text.h"
 #include "embedded/slide_store/slide_library.h"
 #include "embedded/slide_store/slide_writer.h"
 
@@ -35,8 +37,9 @@ class Lister : public slide_store::SlideVisitor {
 };
 
 bool put(const std::filesystem::path& path, std::string_view slide) {
-  std::ofstream(path.string() + ".sld", std::ios::binary) << slide;
-  std::ofstream listing(path.string() + ".txt");
+  const auto file = [&](const char* ending) { return std::filesystem::path(path) += ending; };
+  std::ofstream(file(".sld"), std::ios::binary) << slide;
+  std::ofstream listing(file(".txt"));
   const auto header = slide_store::readSlideHeader(slide);
   if (!header.ok()) return false;
   Lister lister(listing);
@@ -75,7 +78,8 @@ bool putFile(const std::filesystem::path& folder, const std::filesystem::path& f
   slide_store::SlideLibrary library;
   bool good = library.parse(*bytes).ok() && library.size() > 0;
   for (const std::string& name : library.names()) {
-    good = put(folder / name, *library.find(name)) && good;
+    const std::string utf8 = base::utf8FromWide(base::wideFromAnsi(name));
+    good = put(folder / base::pathFromUtf8(utf8), *library.find(name)) && good;
   }
   return good;
 }

@@ -442,7 +442,7 @@ class Library(Install):
         out, problem = self.library("verify", install=install, status=1)
         self.assertIn("zhllib.slb: 主回路&03: its slide isn't that of its row\n", out)
         self.assertIn("column 3: the row's number is 05\n", out)
-        self.assertRegex(problem, r"vornik: \d+ problems\n")
+        self.assertRegex(problem, r"vornik: \d+ problems")
         self.library("verify", "--repair", install=install, status=1)
         out, _ = self.library("verify", install=install, status=1)
         self.assertNotIn("zhllib.slb", out)

@@ -30,26 +30,28 @@ constexpr int kTextColour = 7, kFrameColour = 9;
 
 // One sheet's worth of cells, in millimetres.
 struct Layout {
-  int columns = 1, lines = 1;
+  std::size_t columns = 1, lines = 1;
   double slideWidth = 1, slideHeight = 1;
 
   explicit Layout(int wanted) {
     const double width = kSheetWidth - 2 * kMargin + kGap;
-    columns = std::max(wanted, 1);
-    slideWidth = width / columns - kGap;
+    columns = static_cast<std::size_t>(std::max(wanted, 1));
+    slideWidth = width / static_cast<double>(columns) - kGap;
     slideHeight = slideWidth / kSlideWidth * kSlideHeight;
     // Slides higher than the sheet are as high as it.
     const double most = kSheetHeight - 2 * kMargin - kCaption;
     if (slideHeight > most) slideHeight = most;
-    lines = std::max(1, static_cast<int>((kSheetHeight - 2 * kMargin + kGap) / cellHeight()));
+    const double room = (kSheetHeight - 2 * kMargin + kGap) / cellHeight();
+    lines = std::max<std::size_t>(1, static_cast<std::size_t>(room));
   }
 
   double cellHeight() const { return slideHeight + kCaption + kGap; }
-  std::size_t perSheet() const { return static_cast<std::size_t>(columns * lines); }
+  std::size_t perSheet() const { return columns * lines; }
+  std::size_t linesOf(std::size_t slides) const { return slides / columns; }
   // Of the n-th slide, on paper that is `height` high.
   Box2 slideBox(std::size_t n, double height) const {
-    const auto column = static_cast<double>(n % static_cast<std::size_t>(columns));
-    const auto line = static_cast<double>(n / static_cast<std::size_t>(columns));
+    const auto column = static_cast<double>(n % columns);
+    const auto line = static_cast<double>(linesOf(n));
     const Point2 corner{kMargin + column * (slideWidth + kGap),
                         height - kMargin - line * cellHeight() - slideHeight};
     Box2 box;
@@ -135,8 +137,7 @@ base::Result<std::string> pdfOf(const std::vector<SheetSlide>& slides,
 base::Result<std::string> pngOf(const std::vector<SheetSlide>& slides,
                                 const SheetOptions& options) {
   const Layout layout(options.columns);
-  const std::size_t columns = static_cast<std::size_t>(layout.columns);
-  const auto lines = static_cast<double>((slides.size() + columns - 1) / columns);
+  const auto lines = static_cast<double>(layout.linesOf(slides.size() + layout.columns - 1));
   const double height = std::max(lines * layout.cellHeight() - kGap, 0.0) + 2 * kMargin;
   const double scale = options.pixels / kSheetWidth;
   auto canvas =

@@ -123,7 +123,7 @@ base::Status exportLibrary(const std::filesystem::path& folder) {
     list += text(name.wide(), row.wide());
     const std::string slide = storedSlide(store.Slides(), name.wide());
     if (slide.empty()) continue;
-    const base::Status saved = base::saveAtomically(slideFile(folder, name.wide()), slide);
+    base::Status saved = base::saveAtomically(slideFile(folder, name.wide()), slide);
     if (!saved.ok()) return saved;
   }
   CString row;
@@ -134,7 +134,7 @@ base::Status exportLibrary(const std::filesystem::path& folder) {
 base::Status importLibrary(const std::filesystem::path& folder, const Note& note) {
   const auto lines = readList(folder / kListFile);
   if (!lines.ok()) return lines.status();
-  const base::Status prepared = prepare(*lines);
+  base::Status prepared = prepare(*lines);
   if (!prepared.ok()) return prepared;
   CZhlkLibStore store;
   for (const Line& line : *lines) {
