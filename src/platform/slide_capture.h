@@ -16,7 +16,8 @@ class CGetSld {
   CGetSld(const CGetSld&) = delete;
   CGetSld& operator=(const CGetSld&) = delete;
 
-  // The shape fonts that texts are drawn with.
+  // The shape fonts that all texts are drawn with; the built-in one stands for a file that isn't
+  // there. When neither is set, each text's style tells its own.
   void SetChineseShxFileName(CString path);
   void SetEnglishShxFileName(CString path);
   // Corners of what model space shows, z 0; both (0, 0, 0) when it shows nothing. 1, or 0 without

@@ -105,8 +105,10 @@ Box2 windowAround(const Box2& extents, SlideSize size, double part) {
   return window;
 }
 
-std::string recordSlide(const drafting::Database& database, const Box2& window, SlideSize size) {
+std::string recordSlide(const drafting::Database& database, const Box2& window, SlideSize size,
+                        const drafting::TextFont* font) {
   drafting::DisplayOptions options;
+  options.font = font;
   options.tolerance = kCurveError * std::min(window.width() / (size.width - 1),
                                              window.height() / (size.height - 1));
   const auto list = drafting::DisplayList::of(database, options);

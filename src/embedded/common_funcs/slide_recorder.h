@@ -21,7 +21,8 @@ inline constexpr int kMostDots = 32768;
 base::Box2 windowAround(const base::Box2& extents, SlideSize size, double part);
 
 // The slide of what lies in the window, which fills it to its edges; the rest is clipped off.
+// `font` is that of all texts; null: each text's own.
 std::string recordSlide(const drafting::Database& database, const base::Box2& window,
-                        SlideSize size);
+                        SlideSize size, const drafting::TextFont* font = nullptr);
 
 }  // namespace common_funcs

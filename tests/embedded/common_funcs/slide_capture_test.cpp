@@ -4,6 +4,7 @@
 #include <cmath>
 
 #include "embedded/common_funcs/slide_recorder.h"
+#include "embedded/drafting/fonts/font_fixture.h"
 #include "embedded/drafting/host/host_state.h"
 #include "embedded/slide_store/slide_listing.h"
 #include "support/session_fixture.h"
@@ -109,6 +110,32 @@ TEST_F(SlideCapture, TextsAreDrawnAsStrokes) {
   const std::string listing = shown(201, 101);
   EXPECT_GT(std::count(listing.begin(), listing.end(), '\n'), 8) << listing;
   EXPECT_EQ(listing.find("7 line"), std::string::npos) << listing;
+}
+
+// The font's only letter is an L of its own proportion; whatever it lacks shows as a box.
+TEST_F(SlideCapture, TextsAreDrawnInTheFontsThatAreSet) {
+  auto text = std::make_unique<drafting::Text>();
+  text->height = 6;
+  text->text = "L";
+  text->style = session.database().findRecord(drafting::Table::Styles, "Standard");
+  add(std::move(text), 2);
+  test::writeBytes(folder / "english.wzk", drafting::tinyUnifont());
+  const auto shownIn = [&](const char* english) {
+    CGetSld picture(&current());
+    picture.width = 101;
+    picture.height = 101;
+    picture.part = 1;
+    picture.SetChineseShxFileName(base::wideFromPath(folder / "chinese.wzk"));
+    picture.SetEnglishShxFileName(base::wideFromPath(folder / english));
+    AcDbExtents extents;
+    EXPECT_EQ(picture.GetDataBaseExtents(extents), 1);
+    EXPECT_NE(picture.GetSldData(), 0);
+    return std::pair(extents.maxPoint().x, test::listed(textOf(picture)));
+  };
+  const auto own = shownIn("english.wzk");
+  EXPECT_NEAR(own.first, 4, 1e-6);
+  EXPECT_EQ(own.second, "2 line 17,100 17,0\n2 line 17,0 83,0\n");
+  EXPECT_EQ(shownIn("missing.wzk").second, shown(101, 101));
 }
 
 TEST_F(SlideCapture, ContentOfHiddenLayersIsLeftOut) {
