@@ -32,6 +32,7 @@ class CObject {
   CObject() = default;
 };
 
+// Class names take no parentheses. NOLINTBEGIN(bugprone-macro-parentheses)
 #define RUNTIME_CLASS(class_name) (class_name::GetThisClass())
 
 // Inside of a class: it has a run-time class. The second form also makes its objects dynamically,
@@ -57,3 +58,4 @@ class CObject {
 #define IMPLEMENT_DYNCREATE(class_name, base_class_name)         \
   CObject* class_name::CreateObject() { return new class_name; } \
   IMPLEMENT_RUNTIMECLASS(class_name, base_class_name, &class_name::CreateObject)
+// NOLINTEND(bugprone-macro-parentheses)
