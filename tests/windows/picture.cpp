@@ -51,27 +51,37 @@ bool Picture::save(const std::filesystem::path& path) const {
   return out.good();
 }
 
+void Picture::copyFrom(HDC source) {
+  if (pixels_.empty()) return;
+  const HDC memory = CreateCompatibleDC(source);
+  const BITMAPINFO info = headerFor(width_, height_);
+  void* bits = nullptr;
+  const HBITMAP bitmap = CreateDIBSection(memory, &info, DIB_RGB_COLORS, &bits, nullptr, 0);
+  const HGDIOBJ before = SelectObject(memory, bitmap);
+  BitBlt(memory, 0, 0, width_, height_, source, 0, 0, SRCCOPY);
+  GdiFlush();
+  std::copy_n(static_cast<const std::uint32_t*>(bits), pixels_.size(), pixels_.begin());
+  SelectObject(memory, before);
+  DeleteObject(bitmap);
+  DeleteDC(memory);
+}
+
 Picture pictureOf(HWND window) {
   UpdateWindow(window);
   RECT client{};
   GetClientRect(window, &client);
   Picture picture(client.right, client.bottom);
-  if (picture.pixels_.empty()) return picture;
-
   const HDC source = GetDC(window);
-  const HDC memory = CreateCompatibleDC(source);
-  const BITMAPINFO info = headerFor(picture.width_, picture.height_);
-  void* bits = nullptr;
-  const HBITMAP bitmap = CreateDIBSection(memory, &info, DIB_RGB_COLORS, &bits, nullptr, 0);
-  const HGDIOBJ before = SelectObject(memory, bitmap);
-  BitBlt(memory, 0, 0, picture.width_, picture.height_, source, 0, 0, SRCCOPY);
-  GdiFlush();
-  std::copy_n(static_cast<const std::uint32_t*>(bits), picture.pixels_.size(),
-              picture.pixels_.begin());
-  SelectObject(memory, before);
-  DeleteObject(bitmap);
-  DeleteDC(memory);
+  picture.copyFrom(source);
   ReleaseDC(window, source);
+  return picture;
+}
+
+Picture pictureOfScreen() {
+  Picture picture(GetSystemMetrics(SM_CXSCREEN), GetSystemMetrics(SM_CYSCREEN));
+  const HDC source = GetDC(nullptr);
+  picture.copyFrom(source);
+  ReleaseDC(nullptr, source);
   return picture;
 }
 

@@ -25,6 +25,8 @@ class Picture {
 
  private:
   friend Picture pictureOf(HWND window);
+  friend Picture pictureOfScreen();
+  void copyFrom(HDC source);
 
   int width_;
   int height_;
@@ -34,5 +36,7 @@ class Picture {
 // The client area of a visible window, after all waiting paint messages are done. Parts that lie
 // outside of the screen can't be read.
 Picture pictureOf(HWND window);
+// The whole screen as it is now.
+Picture pictureOfScreen();
 
 }  // namespace window_kit

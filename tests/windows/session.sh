@@ -38,11 +38,13 @@ mkdir -p "$home"
 (flock 8; prepare_prefix) 8>"$home/lock"
 
 # Every session holds a shared lock: who gets it alone was the last one.
-screen=
+screen= typist= pipe=
 exec 7>"$home/users"
 flock -s 7
 finish() {
   if flock -n -x 7; then "$wineserver" -k 2>/dev/null || true; fi
+  [ -z "$typist" ] || kill "$typist" 2>/dev/null || true
+  [ -z "$pipe" ] || rm -f "$pipe"
   [ -z "$screen" ] || kill "$screen" 2>/dev/null || true
 }
 trap finish EXIT
@@ -52,9 +54,16 @@ exec {ready}< <(exec Xvfb -displayfd 1 -screen 0 1280x1024x24 -nolisten tcp -nor
 screen=$!
 read -r -t 20 number <&"$ready" || { echo "session.sh: Xvfb doesn't start" >&2; exit 1; }
 export DISPLAY=:$number
+# Input from outside: the server's input tool reads lines that programs write into a pipe.
+pipe=$home/input-$$
+mkfifo "$pipe"
+exec {feed}<>"$pipe"
+xdotool - <&"$feed" >/dev/null 2>&1 7>&- &
+typist=$!
+export VORNIK_INPUT="Z:${pipe//\//\\}"
 # Wine's services and its desktop start with the first program and would keep that program's output
 # open after its end: a program without output starts them (taskkill looks at all windows).
 "$wineserver" -p 7>&-
 "$VORNIK_WINE" taskkill /im none.exe </dev/null >/dev/null 2>&1 7>&- {ready}<&- || true
 
-"$@" 7>&- {ready}<&-
+"$@" 7>&- {ready}<&- {feed}<&-

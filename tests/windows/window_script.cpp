@@ -1,5 +1,6 @@
 #include "windows/window_script.h"
 
+#include <cstdio>
 #include <utility>
 
 namespace window_kit {
@@ -101,6 +102,27 @@ WindowScript& WindowScript::key(WORD virtualKey) {
   return then([virtualKey] { sendKey(virtualKey, KEYEVENTF_KEYUP); });
 }
 
+WindowScript& WindowScript::outside(std::string command) {
+  return then([command = std::move(command)] {
+    const wchar_t* path = _wgetenv(L"VORNIK_INPUT");
+    std::FILE* input = path ? _wfopen(path, L"wb") : nullptr;
+    if (!input) return;
+    std::fprintf(input, "%s\n", command.c_str());
+    std::fclose(input);
+  });
+}
+
+WindowScript& WindowScript::translate(std::function<bool(MSG*)> function) {
+  translate_ = std::move(function);
+  return *this;
+}
+
+void WindowScript::handle(MSG& message) {
+  if (translate_ && translate_(&message)) return;
+  TranslateMessage(&message);
+  DispatchMessageW(&message);
+}
+
 std::string WindowScript::run() {
   const HWND helper = CreateWindowExW(0, L"STATIC", L"", 0, 0, 0, 0, 0, HWND_MESSAGE, nullptr,
                                       GetModuleHandleW(nullptr), nullptr);
@@ -109,15 +131,11 @@ std::string WindowScript::run() {
   SetTimer(helper, 1, kStepMilliseconds, &WindowScript::onTimer);
   MSG message{};
   while (failure_.empty() && next_ < steps_.size() && GetMessageW(&message, nullptr, 0, 0) > 0) {
-    TranslateMessage(&message);
-    DispatchMessageW(&message);
+    handle(message);
   }
   DestroyWindow(helper);
   // What the last step has set off is handled before the test looks at the windows.
-  while (PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE)) {
-    TranslateMessage(&message);
-    DispatchMessageW(&message);
-  }
+  while (PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE)) handle(message);
   if (failure_.empty() && next_ < steps_.size()) failure_ = "the message loop was ended";
   steps_.clear();
   next_ = 0;

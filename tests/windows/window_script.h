@@ -33,6 +33,13 @@ class WindowScript {
   // A key's virtual code, down and up.
   WindowScript& key(WORD virtualKey);
 
+  // Real input from outside of the program: one line of the server's own input tool, such as
+  // "mousemove 10 20 click 1", in screen co-ordinates. Wait for what it sets off.
+  WindowScript& outside(std::string command);
+
+  // Asked before a message is dispatched, as the tested program's own loop would; true: taken.
+  WindowScript& translate(std::function<bool(MSG*)> function);
+
   // Pumps messages until every step is done. Returns an empty text, or why the script stopped.
   std::string run();
 
@@ -42,9 +49,11 @@ class WindowScript {
     std::function<bool()> done;
   };
 
+  void handle(MSG& message);
   static void CALLBACK onTimer(HWND helper, UINT message, UINT_PTR id, DWORD time);
   void advance();
 
+  std::function<bool(MSG*)> translate_;
   std::vector<Step> steps_;
   std::size_t next_ = 0;
   ULONGLONG waitingSince_ = 0;

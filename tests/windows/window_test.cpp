@@ -124,6 +124,17 @@ TEST_F(ClickWindow, ADragKeepsTheCaptureAndItsOrder) {
   EXPECT_EQ(log_, (std::vector<std::string>{"down 20,20", "drag 40,30", "drag 60,40", "up 60,40"}));
 }
 
+TEST_F(ClickWindow, AClickFromOutsideArrivesAtItsPoint) {
+  POINT at = {40, 30};
+  ClientToScreen(window_, &at);
+  const std::string place = std::to_string(at.x) + " " + std::to_string(at.y);
+  WindowScript script;
+  script.outside("mousemove " + place + " click 1");
+  script.waitFor("the click", [this] { return log_.size() == 2; });
+  EXPECT_EQ(script.run(), "");
+  EXPECT_EQ(log_, (std::vector<std::string>{"down 40,30", "up 40,30"}));
+}
+
 TEST_F(ClickWindow, AKeyArrivesAtTheWindowInFront) {
   WindowScript script;
   script.waitFor("the focus", [this] { return GetFocus() == window_; }).key(VK_F5);
