@@ -98,7 +98,8 @@ SMALL_ICONS = """
 ................
 ................
 ................"""
-MENU_COLOURS = {".": GREY, "b": (0x00, 0x3C, 0x96), "w": (255, 255, 255), "s": (0x60, 0x60, 0x60)}
+# All of them among the sixteen that an image list of the default depth keeps.
+MENU_COLOURS = {".": GREY, "b": (0, 0, 0x80), "w": (255, 255, 255), "s": (0x80, 0x80, 0x80)}
 
 # An arrow whose tip is the hot spot; "#" black, "o" white.
 ARROW = """

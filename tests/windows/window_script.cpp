@@ -117,6 +117,11 @@ WindowScript& WindowScript::translate(std::function<bool(MSG*)> function) {
   return *this;
 }
 
+WindowScript& WindowScript::onFailure(std::function<void()> action) {
+  onFailure_ = std::move(action);
+  return *this;
+}
+
 void WindowScript::handle(MSG& message) {
   if (translate_ && translate_(&message)) return;
   TranslateMessage(&message);
@@ -158,6 +163,7 @@ void WindowScript::advance() {
     waitingSince_ = GetTickCount64();
   } else if (GetTickCount64() - waitingSince_ > patience_) {
     failure_ = "waited in vain for " + step.what;
+    if (onFailure_) onFailure_();
   }
 }
 

@@ -40,6 +40,9 @@ class WindowScript {
   // Asked before a message is dispatched, as the tested program's own loop would; true: taken.
   WindowScript& translate(std::function<bool(MSG*)> function);
 
+  // Done once when the script fails: ends a modal loop that the next steps would have ended.
+  WindowScript& onFailure(std::function<void()> action);
+
   // Pumps messages until every step is done. Returns an empty text, or why the script stopped.
   std::string run();
 
@@ -54,6 +57,7 @@ class WindowScript {
   void advance();
 
   std::function<bool(MSG*)> translate_;
+  std::function<void()> onFailure_;
   std::vector<Step> steps_;
   std::size_t next_ = 0;
   ULONGLONG waitingSince_ = 0;

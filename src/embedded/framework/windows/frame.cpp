@@ -37,8 +37,13 @@ const RECT CFrameWnd::rectDefault = {CW_USEDEFAULT, CW_USEDEFAULT, 0, 0};
 BOOL CFrameWnd::Create(const wchar_t* className, const wchar_t* title, DWORD style,
                        const RECT& rect, CWnd* parent, HMENU menu, DWORD exStyle,
                        CCreateContext* context) {
+  const HWND owner = parent ? parent->m_hWnd : nullptr;
+  if (rect.left == CW_USEDEFAULT) {  // the system's choice, which is no number to reckon with
+    return CreateEx(exStyle, className, title, style, CW_USEDEFAULT, CW_USEDEFAULT, CW_USEDEFAULT,
+                    CW_USEDEFAULT, owner, menu, context);
+  }
   return CreateEx(exStyle, className, title, style, rect.left, rect.top, rect.right - rect.left,
-                  rect.bottom - rect.top, parent ? parent->m_hWnd : nullptr, menu, context);
+                  rect.bottom - rect.top, owner, menu, context);
 }
 
 BOOL CFrameWnd::PreCreateWindow(CREATESTRUCTW& create) {
