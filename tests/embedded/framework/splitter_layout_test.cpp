@@ -10,6 +10,7 @@ using framework::SplitterEntry;
 std::vector<int> shared(std::vector<SplitterEntry> entries, int size, int gap = 7) {
   framework::layoutSplitterAxis(entries, size, gap);
   std::vector<int> result;
+  result.reserve(entries.size());
   for (const SplitterEntry& one : entries) result.push_back(one.current);
   return result;
 }
