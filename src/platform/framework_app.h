@@ -24,8 +24,8 @@ int AfxRunMessageLoop();
 std::wstring AfxProgramName();
 // A message box owned by the main window, with the program's name as caption.
 int AfxMessageBox(const wchar_t* text, unsigned style = 0);
-// Shows boxes of framework_messages.h as the system's from now on.
-void AfxUseSystemMessageBoxes();
+// Message boxes and the wait cursor are the system's from now on.
+void AfxUseSystemWindows();
 
 // The hourglass while the object lives; the old cursor comes back with its end.
 class CWaitCursor {

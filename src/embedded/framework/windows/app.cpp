@@ -3,6 +3,7 @@
 #include "embedded/framework/windows/temporary.h"
 #include "platform/framework_app.h"
 #include "platform/framework_messages.h"
+#include "platform/framework_wait_cursor.h"
 
 CWnd* AfxGetMainWnd() { return framework::state().main; }
 void AfxSetMainWnd(CWnd* window) { framework::state().main = window; }
@@ -81,11 +82,12 @@ int AfxMessageBox(const wchar_t* text, unsigned style) {
   return showMessageBox({main ? main->m_hWnd : nullptr, text, AfxProgramName(), style});
 }
 
-void AfxUseSystemMessageBoxes() {
+void AfxUseSystemWindows() {
   setMessageBoxHandler([](const MessageBoxCall& call) {
     return ::MessageBoxW(static_cast<HWND>(call.owner), call.text.c_str(), call.caption.c_str(),
                          call.style);
   });
+  setWaitCursorHandler([](WaitCursor) { ::SetCursor(::LoadCursorW(nullptr, IDC_WAIT)); });
 }
 
 // --- hourglass ---
