@@ -2,6 +2,7 @@
 // lock, prompts, extended data, layers. The tree store stands in quill_data.h.
 #pragma once
 
+#include <cstdint>
 #include <string>
 
 #include "platform/acad_database.h"
@@ -39,6 +40,11 @@ AcGePoint3d arx_polar(const AcGePoint3d& from, double angle, double distance);
 // Puts the chain onto the entity as the application's extended data; the chain stays the caller's.
 int AddXdata(const ads_name entity, const wchar_t* application, const resbuf* chain);
 int EraseObject(AcDbObjectId id);
+
+// --- colours ---
+constexpr int kHostColours = 256;
+// Red, green and blue of each colour index, one byte each: the colours of index n stand from 3 n on.
+extern const std::uint8_t* const lpszRGBData;
 
 // --- layers by key ---
 struct LayerInfo {

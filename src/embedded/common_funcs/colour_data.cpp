@@ -1,0 +1,25 @@
+// The host's palette as a table of bytes.
+#include <array>
+
+#include "embedded/base/colour_table.h"
+#include "platform/common_funcs.h"
+
+namespace {
+
+std::array<std::uint8_t, 3 * kHostColours> makeTable() {
+  std::array<std::uint8_t, 3 * kHostColours> table{};
+  for (int index = 0; index < kHostColours; ++index) {
+    const base::Rgb colour = base::screenColour(index);
+    const std::uint8_t channels[] = {colour.red, colour.green, colour.blue};
+    for (int channel = 0; channel < 3; ++channel) {
+      table[static_cast<std::size_t>(3 * index + channel)] = channels[channel];
+    }
+  }
+  return table;
+}
+
+const std::array<std::uint8_t, 3 * kHostColours> kTable = makeTable();
+
+}  // namespace
+
+const std::uint8_t* const lpszRGBData = kTable.data();

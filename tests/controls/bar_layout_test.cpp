@@ -1,0 +1,240 @@
+// The bar's arithmetic, with icons of 16 or 32 pixels and letters of 8 by 12.
+#include "controls/bar_layout.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+
+#include "support/raises.h"
+
+namespace {
+
+using Place = std::vector<int>;
+
+Place edges(const RECT& r) {
+  return {static_cast<int>(r.left), static_cast<int>(r.top), static_cast<int>(r.right),
+          static_cast<int>(r.bottom)};
+}
+
+class Letters : public BarMeasure {
+ public:
+  SIZE icon(int, int, bool small) const override { return small ? size(16, 16) : size(32, 32); }
+  SIZE line(const std::wstring& text) const override {
+    return size(8 * static_cast<int>(text.size()), 12);
+  }
+  SIZE wrapped(const std::wstring& text, int width) const override {
+    const int letters = std::max(width / 8, 1);
+    const int length = static_cast<int>(text.size());
+    return size(8 * std::min(length, letters), 12 * ((length + letters - 1) / letters));
+  }
+
+ private:
+  static SIZE size(int cx, int cy) {
+    SIZE result;
+    result.cx = cx;
+    result.cy = cy;
+    return result;
+  }
+};
+
+class Bar : public testing::Test {
+ protected:
+  Bar() { view_.client = {0, 0, 100, 300}; }
+
+  void fill(int folders, int items) {
+    for (int i = 0; i < folders; ++i) folders_.AddFolder(L"folder", i);
+    for (int i = 0; i < items; ++i) folders_.InsertItem(view_.currentFolder, -1, {i, L"label", 0});
+  }
+  Place folderRect(int index) const {
+    RECT rect{};
+    return layout_.GetFolderRect(index, rect) ? edges(rect) : Place{};
+  }
+  Place inside() const { return edges(layout_.GetInsideRect()); }
+  Place cell(int item) const { return edges(layout_.GetItemCellRect(view_.currentFolder, item)); }
+  Place icon(int item) const { return edges(layout_.GetItemIconRect(view_.currentFolder, item)); }
+  Place label(int item) const { return edges(layout_.GetItemLabelRect(view_.currentFolder, item)); }
+  std::pair<BarHit, int> hit(int x, int y) const {
+    int index = -7;
+    const BarHit code = layout_.HitTestBar({x, y}, index);
+    return {code, index};
+  }
+
+  BarFolders folders_;
+  BarView view_;
+  Letters letters_;
+  BarLayout layout_{folders_, view_, letters_};
+};
+
+TEST_F(Bar, HeadersStandAboveAndBelowTheOpenFolder) {
+  fill(3, 0);
+  EXPECT_EQ(folderRect(0), (Place{0, -1, 100, 21}));
+  EXPECT_EQ(folderRect(1), (Place{0, 21, 100, 43}));
+  EXPECT_EQ(folderRect(2), (Place{0, 278, 100, 300}));
+  EXPECT_EQ(inside(), (Place{0, 43, 100, 278}));
+  EXPECT_EQ(folderRect(3), Place{});
+  EXPECT_EQ(folderRect(-1), Place{});
+}
+
+TEST_F(Bar, WithoutFoldersTheInsideIsTheClient) {
+  EXPECT_EQ(inside(), (Place{0, 0, 100, 300}));
+  EXPECT_EQ(hit(5, 5), std::pair(BarHit::Nothing, 0));
+}
+
+TEST_F(Bar, LargeItemsFillTheWidth) {
+  fill(3, 3);
+  // 32 and 12 pixels, the gap and the spacing: 55, and the spacing again to the next.
+  EXPECT_EQ(cell(0), (Place{0, 48, 100, 103}));
+  EXPECT_EQ(cell(1), (Place{0, 111, 100, 166}));
+  EXPECT_EQ(icon(0), (Place{34, 48, 66, 81}));  // a pixel taller than the icon
+  EXPECT_EQ(label(0), (Place{30, 84, 70, 96}));
+}
+
+TEST_F(Bar, SmallCellsAreNarrowerByTheMargin) {
+  view_.small = true;
+  fill(3, 3);
+  EXPECT_EQ(cell(0), (Place{5, 48, 60, 64}));  // 16, 40 and 4 wide
+  EXPECT_EQ(cell(1), (Place{5, 74, 60, 90}));
+  EXPECT_EQ(icon(0), (Place{7, 48, 23, 64}));
+  EXPECT_EQ(label(0), (Place{7, 53, 67, 69}));
+}
+
+TEST_F(Bar, ScrollingIsByWholeItems) {
+  fill(3, 5);
+  view_.firstItem = 2;
+  EXPECT_EQ(cell(2), (Place{0, 48, 100, 103}));
+  EXPECT_EQ(icon(2), (Place{34, 48, 66, 81}));
+}
+
+TEST_F(Bar, SmallLabelsDontScroll) {
+  view_.small = true;
+  fill(3, 5);
+  view_.firstItem = 2;
+  EXPECT_EQ(label(2)[1], 43 + 2 * 26 + 10);
+}
+
+TEST_F(Bar, LabelsWrapAtTheInsidesWidth) {
+  fill(3, 0);
+  folders_.InsertItem(1, -1, {0, L"fifteen letters", 0});
+  EXPECT_EQ(label(0), (Place{2, 84, 98, 108}));
+  EXPECT_EQ(cell(0)[3] - cell(0)[1], 67);
+}
+
+TEST_F(Bar, PartsThatAnItemLacksTakeNoRoom) {
+  fill(3, 0);
+  folders_.InsertItem(1, -1, {-1, L"label", 0});
+  folders_.InsertItem(1, -1, {0, std::nullopt, 0});
+  EXPECT_EQ(layout_.iconSize(1, 0).cx, 0);
+  EXPECT_EQ(layout_.labelSize(1, 1).cy, 0);
+  EXPECT_EQ(layout_.wholeSize(1, 1).cy, 32 + 3 + 8);
+}
+
+TEST_F(Bar, PartlyHiddenItemsDontCountAsVisible) {
+  fill(3, 5);  // cells end at 103, 166, 229, 292; the inside ends at 278
+  EXPECT_EQ(layout_.GetVisibleItems(1).first, 0);
+  EXPECT_EQ(layout_.GetVisibleItems(1).last, 2);
+  view_.firstItem = 3;
+  EXPECT_EQ(layout_.GetVisibleItems(1).last, 4);
+}
+
+TEST_F(Bar, NothingIsVisibleBehindTheEndAndInAnEmptyFolder) {
+  fill(3, 2);
+  view_.firstItem = 2;
+  EXPECT_EQ(layout_.GetVisibleItems(1).first, 2);
+  EXPECT_EQ(layout_.GetVisibleItems(1).last, 1);
+  EXPECT_EQ(layout_.GetVisibleItems(0).last, 0);
+  EXPECT_EQ(layout_.GetVisibleItems(7).last, 0);
+}
+
+TEST_F(Bar, LargeItemsAreHitOnIconLabelAndTheGapBetween) {
+  fill(3, 3);
+  EXPECT_EQ(hit(50, 50), std::pair(BarHit::Item, 0));
+  EXPECT_EQ(hit(50, 82), std::pair(BarHit::Item, 0));
+  EXPECT_EQ(hit(31, 90), std::pair(BarHit::Item, 0));
+  EXPECT_EQ(hit(31, 60), std::pair(BarHit::Nothing, 3));  // left of the icon
+  EXPECT_EQ(hit(50, 112), std::pair(BarHit::Item, 1));
+}
+
+TEST_F(Bar, SmallItemsAreHitOnTheWholeCell) {
+  view_.small = true;
+  fill(3, 3);
+  EXPECT_EQ(hit(59, 63), std::pair(BarHit::Item, 0));
+  EXPECT_EQ(hit(60, 63), std::pair(BarHit::Nothing, 3));
+  EXPECT_EQ(hit(59, 64), std::pair(BarHit::Nothing, 3));
+}
+
+TEST_F(Bar, TopMarginHitsNothing) {
+  fill(3, 3);
+  EXPECT_EQ(hit(50, 45), std::pair(BarHit::Nothing, 3));
+}
+
+TEST_F(Bar, HeadersAreHitFirst) {
+  fill(3, 3);
+  EXPECT_EQ(hit(50, 20), std::pair(BarHit::Folder, 0));
+  EXPECT_EQ(hit(50, 42), std::pair(BarHit::Folder, 1));
+  EXPECT_EQ(hit(50, 299), std::pair(BarHit::Folder, 2));
+}
+
+TEST_F(Bar, ShownArrowsAreHitBeforeAllElse) {
+  fill(3, 5);
+  view_.up = layout_.upArrow(16);
+  view_.down = layout_.downArrow(16);
+  EXPECT_EQ(edges(view_.up), (Place{79, 48, 95, 64}));
+  EXPECT_EQ(edges(view_.down), (Place{79, 257, 95, 273}));
+  EXPECT_EQ(hit(80, 50).first, BarHit::Nothing);
+  view_.upShown = view_.downShown = true;
+  EXPECT_EQ(hit(80, 50), std::pair(BarHit::UpArrow, -7));
+  EXPECT_EQ(hit(80, 260), std::pair(BarHit::DownArrow, -7));
+}
+
+TEST_F(Bar, CurrentFolderBeyondTheCountReadsAsEmpty) {
+  fill(1, 0);
+  EXPECT_EQ(hit(50, 200), std::pair(BarHit::Nothing, 0));
+  test::expectInvalidArgument([&] { layout_.GetItemCellRect(1, 0); });
+}
+
+TEST(BarFolders, InsertingOutsideAppends) {
+  BarFolders folders;
+  folders.AddFolder(L"a", 0);
+  EXPECT_EQ(folders.InsertItem(0, -1, {0, L"x", 0}), 0);
+  EXPECT_EQ(folders.InsertItem(0, 7, {1, L"y", 0}), 1);
+  EXPECT_EQ(folders.InsertItem(0, 0, {2, L"z", 0}), 0);
+  EXPECT_EQ(folders.folder(0).item(0).text, L"z");
+  EXPECT_EQ(folders.folder(0).item(2).text, L"y");
+}
+
+TEST(BarFolders, MovedItemStandsBeforeItsTarget) {
+  CBarFolder folder(L"a", 0);
+  for (const wchar_t* text : {L"0", L"1", L"2", L"3"}) folder.InsertItem(-1, {0, text, 0});
+  folder.moveItem(0, 3);  // 1 2 0 3
+  folder.moveItem(3, 0);  // 3 1 2 0
+  folder.moveItem(1, 4);  // 3 2 0 1
+  std::wstring order;
+  for (int i = 0; i < folder.GetItemCount(); ++i) order += *folder.item(i).text;
+  EXPECT_EQ(order, L"3201");
+}
+
+TEST(BarFolders, WorkingListsStandInForMissingOnes) {
+  BarFolders folders;
+  folders.AddFolder(L"a", 0);
+  int images[3];
+  const auto list = [&](int i) { return reinterpret_cast<CImageList*>(&images[i]); };
+  folders.workingSmall = list(0);
+  EXPECT_EQ(folders.GetFolderImageList(0, true), list(0));
+  EXPECT_EQ(folders.GetFolderImageList(0, false), nullptr);
+  EXPECT_EQ(folders.SetFolderImageList(0, list(1), kSmallImages), nullptr);
+  EXPECT_EQ(folders.SetFolderImageList(0, list(2), kSmallImages), list(1));
+  EXPECT_EQ(folders.SetFolderImageList(0, list(1), 3), nullptr);
+  EXPECT_EQ(folders.GetFolderImageList(0, true), list(2));
+}
+
+TEST(BarFolders, BadIndexesAreRefused) {
+  BarFolders folders;
+  test::expectInvalidArgument([&] { folders.folder(0); });
+  test::expectInvalidArgument([&] { folders.removeFolder(-1); });
+  test::expectInvalidArgument([&] { folders.InsertItem(0, 0, {}); });
+  folders.AddFolder(L"a", 0);
+  test::expectInvalidArgument([&] { folders.folder(0).item(0); });
+  EXPECT_EQ(folders.find(1), nullptr);
+}
+
+}  // namespace
