@@ -43,7 +43,8 @@ int EraseObject(AcDbObjectId id);
 
 // --- colours ---
 constexpr int kHostColours = 256;
-// Red, green and blue of each colour index, one byte each: the colours of index n stand from 3 n on.
+// Red, green and blue of each colour index, one byte each: the colours of index n stand from 3 n
+// on.
 extern const std::uint8_t* const lpszRGBData;
 
 // --- layers by key ---

@@ -8,12 +8,10 @@ namespace {
 
 std::array<std::uint8_t, 3 * kHostColours> makeTable() {
   std::array<std::uint8_t, 3 * kHostColours> table{};
+  auto channel = table.begin();
   for (int index = 0; index < kHostColours; ++index) {
     const base::Rgb colour = base::screenColour(index);
-    const std::uint8_t channels[] = {colour.red, colour.green, colour.blue};
-    for (int channel = 0; channel < 3; ++channel) {
-      table[static_cast<std::size_t>(3 * index + channel)] = channels[channel];
-    }
+    for (const std::uint8_t part : {colour.red, colour.green, colour.blue}) *channel++ = part;
   }
   return table;
 }
