@@ -2,13 +2,14 @@
 // into a bitmap. A bound that is passed is an error.
 #include <benchmark/benchmark.h>
 
+#include <algorithm>
 #include <cstdio>
 #include <ctime>
 
 #include "embedded/base/colour_table.h"
 #include "embedded/base/paths.h"
 #include "embedded/base/text.h"
-#include "embedded/drafting/plot/bitmap_canvas.h"
+#include "embedded/slide_store/pixel_canvas.h"
 #include "embedded/slide_store/slide.h"
 #include "embedded/slide_store/slide_painter.h"
 #include "programs/vornik/captured_slide.h"
@@ -113,21 +114,21 @@ BENCHMARK(captureLibrary)->Unit(benchmark::kMillisecond);
 void drawPage(benchmark::State& state) {
   if (!Library::get().status().ok()) return state.SkipWithError("no library");
   const std::vector<std::string> slides = Library::get().slides();
-  const auto canvas = drafting::BitmapCanvas::make(kPageWidth, kPageHeight, {});
-  if (!canvas.ok()) return state.SkipWithError(canvas.message().c_str());
-  const base::Point2 page[] = {
-      {0, 0}, {kPageWidth, 0}, {kPageWidth, kPageHeight}, {0, kPageHeight}};
-  constexpr double kWidth = kPageWidth / kPageColumns, kHeight = kPageHeight / kPageLines;
+  slide_store::Pixels page(kPageWidth, kPageHeight, {});
+  constexpr int kWidth = kPageWidth / kPageColumns;
+  constexpr int kHeight = kPageHeight / kPageLines;
   const double start = processSeconds();
   for ([[maybe_unused]] auto _ : state) {
-    for (std::size_t i = 0; i < kPageColumns * kPageLines; ++i) {
-      const base::Point2 corner{kWidth * static_cast<double>(i % kPageColumns),
-                                kHeight * static_cast<double>(i / kPageColumns)};
-      const base::Box2 box{corner, corner + base::Point2{kWidth - 1, kHeight - 1}};
-      static_cast<void>(slide_store::paintSlide(slides[i % slides.size()], box,
-                                                {base::screenColour, 1}, **canvas));
+    std::fill(page.data.begin(), page.data.end(), 0);
+    for (int i = 0; i < kPageColumns * kPageLines; ++i) {
+      const auto canvas = slide_store::makePixelCanvas(page, i % kPageColumns * kWidth,
+                                                       i / kPageColumns * kHeight, kWidth, kHeight);
+      static_cast<void>(slide_store::paintSlide(slides[static_cast<std::size_t>(i) % slides.size()],
+                                                {{0, 0}, {kWidth - 1.0, kHeight - 1.0}},
+                                                {base::screenColour, 1}, *canvas));
     }
-    (*canvas)->fill(page, {});  // ends what the canvas has gathered, and clears the page
+    benchmark::DoNotOptimize(page.data.data());
+    benchmark::ClobberMemory();
   }
   const double seconds = processSeconds() - start;
   double bytes = 0, vectors = 0;
