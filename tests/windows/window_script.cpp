@@ -56,14 +56,19 @@ WindowScript& WindowScript::patience(ULONGLONG milliseconds) {
 }
 
 WindowScript& WindowScript::move(HWND window, int x, int y) {
-  then([=] {
-    POINT point = {x, y};
-    ClientToScreen(window, &point);
-    moveTo(point);
-  });
+  return move([=] { return Spot{window, x, y}; });
+}
+
+WindowScript& WindowScript::move(std::function<Spot()> where) {
+  const auto onScreen = [where = std::move(where)] {
+    const Spot spot = where();
+    POINT point = {spot.x, spot.y};
+    ClientToScreen(spot.window, &point);
+    return point;
+  };
+  then([=] { moveTo(onScreen()); });
   return waitFor("the cursor to arrive", [=] {
-    POINT wanted = {x, y};
-    ClientToScreen(window, &wanted);
+    const POINT wanted = onScreen();
     POINT cursor{};
     GetCursorPos(&cursor);
     return cursor.x == wanted.x && cursor.y == wanted.y;

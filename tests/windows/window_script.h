@@ -11,6 +11,13 @@
 
 namespace window_kit {
 
+// A point of a window's client area.
+struct Spot {
+  HWND window;
+  int x;
+  int y;
+};
+
 class WindowScript {
  public:
   // Queues anything: a check, a call.
@@ -23,6 +30,8 @@ class WindowScript {
   // Mouse input at a point of the window's client area. Each call is a step of its own, since fast
   // moves coalesce.
   WindowScript& move(HWND window, int x, int y);
+  // The same at a spot that is looked up when the step runs, for windows that are yet to come.
+  WindowScript& move(std::function<Spot()> where);
   WindowScript& press();
   WindowScript& release();
   WindowScript& pressRight();
