@@ -1,5 +1,4 @@
-// Lays cells of one size out line by line, 3 to 8 inside, on landscape sheets of A3 or one long
-// picture.
+// Lays cells of one size out line by line, on landscape sheets of A3 or in one long picture.
 #include "programs/vornik/contact_sheet.h"
 
 #include <algorithm>
@@ -24,7 +23,6 @@ constexpr double kSheetWidth = 420, kSheetHeight = 297, kMargin = 10;  // millim
 constexpr double kCaption = 6;  // height of the line of text below a slide
 constexpr double kGap = 3;      // between cells
 constexpr double kNumberSize = 3.2, kNameSize = 2.8;
-constexpr double kSlideWidth = 3, kSlideHeight = 8;  // proportion of a cell's slide
 constexpr double kPen = 0.18, kTextPen = 0.2, kFramePen = 0.1;
 constexpr int kTextColour = 7, kFrameColour = 9;
 
@@ -33,11 +31,11 @@ struct Layout {
   std::size_t columns = 1, lines = 1;
   double slideWidth = 1, slideHeight = 1;
 
-  explicit Layout(int wanted) {
+  explicit Layout(const SheetOptions& options) {
     const double width = kSheetWidth - 2 * kMargin + kGap;
-    columns = static_cast<std::size_t>(std::max(wanted, 1));
+    columns = static_cast<std::size_t>(std::max(options.columns, 1));
     slideWidth = width / static_cast<double>(columns) - kGap;
-    slideHeight = slideWidth / kSlideWidth * kSlideHeight;
+    slideHeight = slideWidth / options.proportion;
     // Slides higher than the sheet are as high as it.
     const double most = kSheetHeight - 2 * kMargin - kCaption;
     if (slideHeight > most) slideHeight = most;
@@ -118,7 +116,7 @@ base::Status named(const SheetSlide& slide, const base::Status& status) {
 
 base::Result<std::string> pdfOf(const std::vector<SheetSlide>& slides,
                                 const SheetOptions& options) {
-  const Layout layout(options.columns);
+  const Layout layout(options);
   std::vector<drafting::PdfCanvas> pages;
   for (std::size_t i = 0; i < slides.size() || pages.empty(); ++i) {
     if (i % layout.perSheet() == 0) {
@@ -136,7 +134,7 @@ base::Result<std::string> pdfOf(const std::vector<SheetSlide>& slides,
 
 base::Result<std::string> pngOf(const std::vector<SheetSlide>& slides,
                                 const SheetOptions& options) {
-  const Layout layout(options.columns);
+  const Layout layout(options);
   const auto lines = static_cast<double>(layout.linesOf(slides.size() + layout.columns - 1));
   const double height = std::max(lines * layout.cellHeight() - kGap, 0.0) + 2 * kMargin;
   const double scale = options.pixels / kSheetWidth;

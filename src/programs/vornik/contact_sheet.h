@@ -17,7 +17,8 @@ struct SheetSlide {
 
 struct SheetOptions {
   int columns = 9;
-  int pixels = 2600;  // width of a PNG
+  double proportion = 3.0 / 8;  // width to height of a cell's slide
+  int pixels = 2600;            // width of a PNG
   drafting::Background background = drafting::Background::White;
 };
 

@@ -1,5 +1,6 @@
 // `vornik library`: an install's library of circuits: listed, shown, checked, printed, taken out
 // and put in.
+#include <algorithm>
 #include <iostream>
 
 #include "embedded/base/files.h"
@@ -139,11 +140,18 @@ base::Result<std::vector<SheetSlide>> slidesOf(const std::string& file) {
   return slides;
 }
 
+// Cells of the first slide's proportion.
+base::Status saveSheetOf(const std::string& file, const std::string& path, SheetOptions options) {
+  const auto slides = slidesOf(file);
+  if (!slides.ok()) return slides.status();
+  const auto header = slides->empty() ? base::Status::failure("no slide")
+                                      : slide_store::readSlideHeader(slides->front().bytes);
+  if (header.ok()) options.proportion = std::clamp(header->aspect, 0.1, 10.0);
+  return saveSheet(*slides, path, options);
+}
+
 int makeSheet(const std::string& path, const std::string* file, const SheetOptions& options) {
-  if (file) {
-    const auto slides = slidesOf(*file);
-    return report(slides.ok() ? saveSheet(*slides, path, options) : slides.status());
-  }
+  if (file) return report(saveSheetOf(*file, path, options));
   CZhlkLibStore store;
   std::vector<SheetSlide> slides;
   for (int slot = 0; slot < store.GetCount(); ++slot) {
