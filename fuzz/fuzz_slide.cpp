@@ -1,9 +1,12 @@
-// Slides on any bytes: what is drawn stays within 16 bits and is bounded by the bytes, and a slide
-// written of it reads back as what was written.
+// Slides on any bytes: what is drawn stays within 16 bits and is bounded by the bytes, a slide
+// written of it reads back as what was written, and its picture stays within its box.
 #include <cstdint>
 #include <cstdlib>
 
+#include "embedded/base/colour_table.h"
+#include "embedded/slide_store/pixel_canvas.h"
 #include "embedded/slide_store/slide.h"
+#include "embedded/slide_store/slide_painter.h"
 #include "embedded/slide_store/slide_writer.h"
 
 namespace {
@@ -49,12 +52,29 @@ std::string copyOf(std::string_view slide, const slide_store::SlideHeader& heade
   return copier.finish();
 }
 
+void draw(std::string_view slide) {
+  constexpr int kSide = 40, kLeft = 10, kTop = 5, kWidth = 24, kHeight = 20;
+  constexpr base::Rgb kPaper{1, 2, 3};
+  slide_store::Pixels pixels(kSide, kSide, kPaper);
+  const std::uint32_t paper = pixels.at(0, 0);
+  const auto canvas = slide_store::makePixelCanvas(pixels, kLeft, kTop, kWidth, kHeight);
+  static_cast<void>(slide_store::paintSlide(slide, {{0, 0}, {kWidth - 1.0, kHeight - 1.0}},
+                                            {base::screenColour, 1}, *canvas));
+  for (int y = 0; y < kSide; ++y) {
+    for (int x = 0; x < kSide; ++x) {
+      const bool inside = x >= kLeft && x < kLeft + kWidth && y >= kTop && y < kTop + kHeight;
+      require(inside || pixels.at(x, y) == paper);
+    }
+  }
+}
+
 }  // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
   const std::string_view slide(reinterpret_cast<const char*>(data), size);
   const auto header = slide_store::readSlideHeader(slide);
   if (!header.ok()) return 0;
+  draw(slide);
   const std::string written = copyOf(slide, *header);
   const auto again = slide_store::readSlideHeader(written);
   require(again.ok());
