@@ -1,5 +1,5 @@
 // The editing dialog as a real window: real mouse input, state and pixels.
-#include "editor/circuit_dialog.h"
+#include "editor/windows/circuit_dialog.h"
 
 #include <algorithm>
 

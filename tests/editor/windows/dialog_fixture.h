@@ -8,8 +8,8 @@
 #include <string>
 #include <vector>
 
-#include "editor/circuit_dialog.h"
 #include "editor/symbol_tables.h"
+#include "editor/windows/circuit_dialog.h"
 #include "embedded/base/paths.h"
 #include "embedded/drafting/documents/session.h"
 #include "embedded/framework/windows/kit.h"

@@ -1,11 +1,11 @@
-#include "editor/edit_view.h"
+#include "editor/windows/edit_view.h"
 
 #include <algorithm>
 #include <cmath>
 #include <iterator>
 
 #include "editor/cell_clicks.h"
-#include "editor/circuit_dialog.h"
+#include "editor/windows/circuit_dialog.h"
 #include "platform/common_funcs.h"
 #include "platform/slide_store.h"
 #include "store/pixels.h"

@@ -1,4 +1,4 @@
-#include "editor/circuit_dialog.h"
+#include "editor/windows/circuit_dialog.h"
 
 #include "platform/acad_documents.h"
 #include "platform/common_funcs.h"

@@ -5,9 +5,9 @@
 
 #include <cstdint>
 
-#include "editor/edit_view.h"
 #include "editor/picker_position.h"
 #include "editor/symbol_picker.h"
+#include "editor/windows/edit_view.h"
 #include "platform/framework_controls.h"
 #include "platform/framework_dialog.h"
 #include "platform/slide_store.h"
