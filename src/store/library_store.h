@@ -74,6 +74,7 @@ class CZhlkLibStore {
   static CString CircuitName(int index);
 
   CSlbMan& Slides() { return slides_; }
+  const std::wstring& SlidePath() const { return slidePath_; }
 
  private:
   std::int32_t getNumber(const wchar_t* key, std::int32_t fallback);

@@ -276,6 +276,9 @@ int GetDQLayerName(const wchar_t* group, const wchar_t* kind, LayerInfo& layer) 
   return RTNORM;
 }
 
+void lockDoc() { ++host().documentLocks; }
+void unlockDoc() { --host().documentLocks; }
+
 int SendMsgToAcad(const wchar_t* text, int length) {
   host().messages.emplace_back(text, static_cast<std::size_t>(length));
   return RTNORM;

@@ -73,6 +73,7 @@ struct RecordingHost {
   void* unlocked = nullptr;
   void* mdiAware = nullptr;
   std::vector<std::wstring> messages;  // of SendMsgToAcad
+  int documentLocks = 0;
 
   // --- what it answers ---
   std::deque<Answer> answers;  // then cancel

@@ -20,9 +20,7 @@ HINSTANCE AfxFindResourceHandle(const wchar_t* name, const wchar_t* type) {
 }
 
 BOOL AfxRegisterClass(const WNDCLASSW* windowClass) {
-  WNDCLASSW existing{};
-  if (::GetClassInfoW(windowClass->hInstance, windowClass->lpszClassName, &existing)) return TRUE;
-  return ::RegisterClassW(windowClass) != 0;
+  return ::RegisterClassW(windowClass) != 0 || ::GetLastError() == ERROR_CLASS_ALREADY_EXISTS;
 }
 
 const wchar_t* AfxRegisterWndClass(UINT style, HCURSOR cursor, HBRUSH background, HICON icon) {

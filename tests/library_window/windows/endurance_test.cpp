@@ -1,0 +1,165 @@
+// The library window over many rounds, and how fast it paints.
+#include <algorithm>
+#include <chrono>
+#include <cstdlib>
+#include <filesystem>
+
+#include "library_window/windows/window_fixture.h"
+
+namespace {
+
+using library_window_test::LibraryFrame;
+using window_kit::pictureOf;
+
+// Graphics handles of this process, from the table that the system shares with it: entries of 24
+// bytes with the owner's number behind the first eight and the kind at the 14th.
+int graphicsHandles() {
+  constexpr std::size_t kTable = 0xF8;  // in the process's environment block
+  constexpr int kEntries = 65536;
+  constexpr std::size_t kEntry = 24;
+  const auto block = __readgsqword(0x60);
+  const auto* table = *reinterpret_cast<const std::uint8_t* const*>(block + kTable);
+  int count = 0;
+  for (int i = 0; i < kEntries; ++i) count += table[kEntry * i + 14] != 0 ? 1 : 0;
+  return count;
+}
+
+TEST_F(LibraryFrame, GraphicsHandlesAreCounted) {
+  const int before = graphicsHandles();
+  std::vector<HBRUSH> brushes;
+  for (int i = 0; i < 10; ++i) brushes.push_back(::CreateSolidBrush(RGB(i, 2, 3)));
+  EXPECT_EQ(graphicsHandles(), before + 10);
+  for (const HBRUSH brush : brushes) ::DeleteObject(brush);
+  EXPECT_EQ(graphicsHandles(), before);
+}
+
+struct Resources {
+  int windows = 0;
+  int handles = 0;
+};
+
+class Endurance : public LibraryFrame {
+ protected:
+  static Resources used() {
+    AfxOnIdle();
+    Resources result;
+    const auto count = [](HWND window, LPARAM counter) -> BOOL {
+      ++*reinterpret_cast<int*>(counter);
+      ::EnumChildWindows(
+          window,
+          [](HWND, LPARAM inner) -> BOOL {
+            ++*reinterpret_cast<int*>(inner);
+            return TRUE;
+          },
+          counter);
+      return TRUE;
+    };
+    ::EnumThreadWindows(::GetCurrentThreadId(), count, reinterpret_cast<LPARAM>(&result.windows));
+    result.handles = graphicsHandles();
+    return result;
+  }
+
+  void round(int number) {
+    open();
+    ShowLibraryWindow();
+    AfxPumpWaitingMessages();
+    resize(400 + number % 7 * 60, 300 + number % 5 * 40);
+    choose(number % 4);
+    command(ID_NEXT_PAGE);
+    click(cellCentre(1));
+    ::SendMessageW(grid(), WM_COMMAND, ID_SLIDE_ENLARGE, 0);
+    command(ID_AUXILIARY_BAR);
+    HideLibraryWindow();
+    frame_->SendMessage(WM_CLOSE);
+    close();
+    AfxPumpWaitingMessages();
+  }
+};
+
+// The round leaves its preview open on purpose: it goes with the window that owns it.
+TEST_F(Endurance, AThousandRoundsLeaveNothingBehind) {
+  fill(20);
+  for (int number = 0; number < 8; ++number) round(number);
+  const Resources before = used();
+  for (int number = 0; number < 1000; ++number) round(number);
+  const Resources after = used();
+  EXPECT_EQ(after.windows, before.windows);
+  EXPECT_LE(after.handles, before.handles + 4) << "the system may keep a few fonts";
+}
+
+// --- painting ---
+
+// The best of some full repaints, which tells the least of what else the machine is doing.
+double millisecondsPerPaint(HWND window) {
+  double best = 1e9;
+  for (int i = 0; i < 12; ++i) {
+    ::InvalidateRect(window, nullptr, TRUE);
+    const auto start = std::chrono::steady_clock::now();
+    ::UpdateWindow(window);
+    const std::chrono::duration<double, std::milli> taken =
+        std::chrono::steady_clock::now() - start;
+    best = std::min(best, taken.count());
+  }
+  return best;
+}
+
+TEST_F(Endurance, APageRepaintsWithinAFrameOfADisplay) {
+  show(60);
+  resize(1200, 800);
+  const double eighteen = millisecondsPerPaint(grid());
+  choose(3);
+  const double all = millisecondsPerPaint(grid());
+  RecordProperty("milliseconds_18_slides", std::to_string(eighteen));
+  RecordProperty("milliseconds_48_slides", std::to_string(all));
+  std::printf("[ MEASURED ] 18 slides %.2f ms, 48 slides %.2f ms\n", eighteen, all);
+  EXPECT_LT(eighteen, 15);
+  EXPECT_LT(all, 15);
+}
+
+// --- looks ---
+
+// Every page of every grid at three sizes shows each slide in its cell. With VORNIK_PICTURES the
+// pictures are kept in that folder; with VORNIK_SAMPLE that install's library is shown.
+TEST_F(Endurance, EveryGridShowsItsSlidesAtEverySize) {
+  const wchar_t* sample = _wgetenv(L"VORNIK_SAMPLE");
+  const wchar_t* folder = _wgetenv(L"VORNIK_PICTURES");
+  if (sample) {
+    WriteInformation(L"ZEMMain", L"ZemSys", sample, 1);
+    open();
+    ShowLibraryWindow();
+    AfxPumpWaitingMessages();
+  } else {
+    show(60);
+  }
+  const SIZE sizes[] = {{240, 200}, {600, 400}, {1200, 800}};
+  for (const SIZE size : sizes) {
+    for (const int item : {1, 0, 2, 3}) {
+      resize(size.cx, size.cy);
+      choose(item);
+      store().SetPage(1);
+      frame_->RedrawWindow(nullptr, nullptr, RDW_INVALIDATE | RDW_ALLCHILDREN | RDW_UPDATENOW);
+      const window_kit::Picture picture = pictureOf(grid());
+      const Grid cells = usableGrid(store());
+      const int width = picture.width() / cells.columns;
+      const int height = picture.height() / cells.rows;
+      for (int cell = 0; cell < std::min<int>(cells.rows * cells.columns, store().GetCount());
+           ++cell) {
+        int drawn = 0;
+        for (int y = 3; y < height - 3; ++y) {
+          for (int x = 3; x < width - 3; ++x) {
+            drawn +=
+                picture.at(cell % cells.columns * width + x, cell / cells.columns * height + y) != 0
+                    ? 1
+                    : 0;
+          }
+        }
+        EXPECT_GT(drawn, 0) << size.cx << " item " << item << " cell " << cell;
+      }
+      if (!folder) continue;
+      const std::wstring name = std::to_wstring(size.cx) + L"-" + std::to_wstring(item) + L".bmp";
+      window_kit::pictureOfScreen().save(std::filesystem::path(folder) / name);
+    }
+  }
+}
+
+}  // namespace
