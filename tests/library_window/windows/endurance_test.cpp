@@ -138,6 +138,7 @@ TEST_F(Endurance, EveryGridShowsItsSlidesAtEverySize) {
       choose(item);
       store().SetPage(1);
       frame_->RedrawWindow(nullptr, nullptr, RDW_INVALIDATE | RDW_ALLCHILDREN | RDW_UPDATENOW);
+      AfxPumpWaitingMessages();
       const window_kit::Picture picture = pictureOf(grid());
       const Grid cells = usableGrid(store());
       const int width = picture.width() / cells.columns;
