@@ -3,16 +3,14 @@
 #include <algorithm>
 #include <vector>
 
-#include "library_window/pasted_circuit.h"
+#include "library_window/circuit_actions.h"
 #include "library_window/windows/main_window.h"
 #include "library_window/windows/slide_preview.h"
 #include "module/information.h"
 #include "platform/common_funcs.h"
 #include "platform/framework_menu.h"
-#include "platform/framework_runtime.h"
 #include "platform/framework_window_dc.h"
 #include "resources/resource_ids.h"
-#include "store/circuit_record.h"
 
 namespace {
 
@@ -175,12 +173,7 @@ void CSlbView::OnCopy() {
 
 void CSlbView::OnDelete() {
   CZhlkLibStore& store = storeOf(*this);
-  const int slot = store.GetSelection();
-  CString name;
-  store.GetNameAt(slot, name);
-  store.DeleteAt(slot);
-  store.Slides().DelSlide(name);
-  store.Save();
+  deleteCircuit(store, store.GetSelection());
   InvalidateRect(&m_contextRect, FALSE);
 }
 
@@ -195,30 +188,7 @@ void CSlbView::OnEnlarge() {
   m_preview->CreatePreview(GetParentFrame()->GetStyle(), this);
 }
 
-// The slide is made anew from the row, since it carries the circuit's number.
 void CSlbView::OnPaste() {
   CZhlkLibStore& store = storeOf(*this);
-  const int slot = store.GetSelection();
-  CString number;
-  store.GetClipboard(number);
-  CString source;
-  store.GetRowAt(wideToInt(number) - 1, source);
-  const std::optional<CString> row = rowForSlot(source.wide(), slot);
-  if (!row) return;
-  const CString name = CZhlkLibStore::CircuitName(slot);
-  if (slot < store.GetCount()) {
-    store.RenameAt(slot, name);
-    store.SetRowAt(slot, *row);
-  } else {
-    store.InsertCircuit(slot, *row, name);
-  }
-  store.Save();
-  CZhlkCircuitRecord record;
-  lockDoc();
-  record.CaptureRow(*row, name);
-  unlockDoc();
-  store.Slides().AddSlideW(name, record.slide.data(),
-                           static_cast<std::uint32_t>(record.slide.size()));
-  store.Save();
-  InvalidateRect(&m_contextRect, FALSE);
+  if (pasteCircuit(store, store.GetSelection())) InvalidateRect(&m_contextRect, FALSE);
 }
