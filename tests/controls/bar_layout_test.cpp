@@ -3,67 +3,14 @@
 
 #include <gtest/gtest.h>
 
-#include <algorithm>
-
+#include "controls/bar_fixture.h"
 #include "support/raises.h"
 
 namespace {
 
-using Place = std::vector<int>;
-
-Place edges(const RECT& r) {
-  return {static_cast<int>(r.left), static_cast<int>(r.top), static_cast<int>(r.right),
-          static_cast<int>(r.bottom)};
-}
-
-class Letters : public BarMeasure {
- public:
-  SIZE icon(int, int, bool small) const override { return small ? size(16, 16) : size(32, 32); }
-  SIZE line(const std::wstring& text) const override {
-    return size(8 * static_cast<int>(text.size()), 12);
-  }
-  SIZE wrapped(const std::wstring& text, int width) const override {
-    const int letters = std::max(width / 8, 1);
-    const int length = static_cast<int>(text.size());
-    return size(8 * std::min(length, letters), 12 * ((length + letters - 1) / letters));
-  }
-
- private:
-  static SIZE size(int cx, int cy) {
-    SIZE result;
-    result.cx = cx;
-    result.cy = cy;
-    return result;
-  }
-};
-
-class Bar : public testing::Test {
- protected:
-  Bar() { view_.client = {0, 0, 100, 300}; }
-
-  void fill(int folders, int items) {
-    for (int i = 0; i < folders; ++i) folders_.AddFolder(L"folder", i);
-    for (int i = 0; i < items; ++i) folders_.InsertItem(view_.currentFolder, -1, {i, L"label", 0});
-  }
-  Place folderRect(int index) const {
-    RECT rect{};
-    return layout_.GetFolderRect(index, rect) ? edges(rect) : Place{};
-  }
-  Place inside() const { return edges(layout_.GetInsideRect()); }
-  Place cell(int item) const { return edges(layout_.GetItemCellRect(view_.currentFolder, item)); }
-  Place icon(int item) const { return edges(layout_.GetItemIconRect(view_.currentFolder, item)); }
-  Place label(int item) const { return edges(layout_.GetItemLabelRect(view_.currentFolder, item)); }
-  std::pair<BarHit, int> hit(int x, int y) const {
-    int index = -7;
-    const BarHit code = layout_.HitTestBar({x, y}, index);
-    return {code, index};
-  }
-
-  BarFolders folders_;
-  BarView view_;
-  Letters letters_;
-  BarLayout layout_{folders_, view_, letters_};
-};
+using controls_test::Bar;
+using controls_test::edges;
+using controls_test::Place;
 
 TEST_F(Bar, HeadersStandAboveAndBelowTheOpenFolder) {
   fill(3, 0);
