@@ -1,0 +1,19 @@
+// The bar's measure on the screen: its image lists and the system's font for windows.
+#pragma once
+
+#include "controls/bar_layout.h"
+#include "platform/framework_window.h"
+
+class ScreenMeasure : public BarMeasure {
+ public:
+  // Both outlive the measure.
+  ScreenMeasure(CWnd& bar, const BarFolders& folders) : bar_(bar), folders_(folders) {}
+
+  SIZE icon(int folder, int image, bool smallView) const override;
+  SIZE line(const std::wstring& text) const override;
+  SIZE wrapped(const std::wstring& text, int width) const override;
+
+ private:
+  CWnd& bar_;
+  const BarFolders& folders_;
+};
