@@ -82,19 +82,31 @@ TEST_F(BarMenu, SmallIconsAreChosen) {
   EXPECT_TRUE(bar_->IsSmallIconView());
 }
 
+// The first entry is drawn, selected and left again; its icon cell is as high as the entry.
 TEST_F(BarMenu, TheSelectedEntryIsHighlightedBesideItsImage) {
   addItems(1);
-  WindowScript script;
-  int before = 0;
-  int selected = 0;
-  const auto highlighted = [] {
-    return window_kit::pictureOfScreen().count(systemColour(COLOR_HIGHLIGHT));
+  struct Look {
+    std::uint32_t cell, bar;
   };
-  open(script, {50, 220}).then([&] { before = highlighted(); });
-  script.key(VK_DOWN).then([&] { selected = highlighted(); }).key(VK_ESCAPE);
+  std::vector<Look> looks;
+  const auto look = [&looks] {
+    const HWND menu = ::FindWindowW(L"#32768", nullptr);
+    const auto picture = pictureOf(menu);
+    looks.push_back({picture.at(2, 10), picture.at(picture.width() - 4, 10)});
+  };
+  WindowScript script;
+  open(script, {50, 220}).then(look);
+  script.key(VK_DOWN).then(look).key(VK_DOWN).then(look).key(VK_UP).then(look).key(VK_ESCAPE);
   script.waitFor("the menu's end", [this] { return !bar_->menu; });
   EXPECT_EQ(script.run(), "");
-  EXPECT_GT(selected, before + 500);
+  ASSERT_EQ(looks.size(), 4u);
+  const std::uint32_t menu = systemColour(COLOR_MENU);
+  const std::uint32_t highlight = systemColour(COLOR_HIGHLIGHT);
+  EXPECT_EQ(looks[0].bar, menu);
+  EXPECT_EQ(looks[1].bar, highlight);
+  EXPECT_EQ(looks[1].cell, menu) << "it found its image when it was drawn first";
+  EXPECT_EQ(looks[2].bar, menu);
+  EXPECT_EQ(looks[3].bar, highlight);
 }
 
 // --- remapping ---

@@ -133,7 +133,7 @@ TEST_F(OutBar, EscDoesNotEndAPress) {
   EXPECT_EQ(bar_->GetCurrentFolder(), 2);
 }
 
-TEST_F(OutBar, APressWithoutTheCaptureDoesNothing) {
+TEST_F(OutBar, LosingTheCaptureEndsThePress) {
   WindowScript script;
   hold(script, middle(header(2)));
   script.then([] { ::ReleaseCapture(); });
@@ -160,6 +160,32 @@ TEST_F(OutBar, ReleaseOnANeighbourDoesNothing) {
   EXPECT_EQ(script.run(), "");
   EXPECT_TRUE(library_.log.empty());
   EXPECT_EQ(order(), L"abc");
+}
+
+class OutBarWithFrame : public OutBar {
+ protected:
+  OutBarWithFrame() { flags_ = BARF_SELECTFRAME; }
+};
+
+TEST_F(OutBarWithFrame, TheSelectedItemIsFramedAndTakesNoHoverFrame) {
+  addItems(2);
+  click(middle(icon(1)));
+  EXPECT_EQ(bar_->hover().item, -1);
+  AfxPumpWaitingMessages();
+  const std::uint32_t face = systemColour(COLOR_3DFACE);
+  const std::uint32_t shadow = systemColour(COLOR_3DDKSHADOW);
+  EXPECT_TRUE(frameAround(icon(1), shadow, face));
+  EXPECT_FALSE(frameAround(icon(0), shadow, face));
+}
+
+TEST_F(OutBar, AJumpingItemTakesNoHoverFrame) {
+  addItems(2);
+  click(middle(icon(1)));
+  bar_->SetItemAnimInterval(10000);
+  WindowScript script;
+  moveTo(script, middle(icon(0))).waitFor("hover", [this] { return bar_->hover().item == 0; });
+  moveTo(script, middle(icon(1))).waitFor("no hover", [this] { return bar_->hover().item == -1; });
+  EXPECT_EQ(script.run(), "");
 }
 
 class OutBarDrag : public OutBar {
