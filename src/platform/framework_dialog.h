@@ -18,11 +18,12 @@ class CDialog : public CWnd {
   DECLARE_DYNAMIC(CDialog)
 
  public:
-  // The resource is looked up when the dialog is shown. A null parent means the main window.
+  // The resource is looked up when the dialog is shown. A null parent means the main window, or
+  // what was last active above it.
   explicit CDialog(UINT templateId, CWnd* parent = nullptr);
 
-  // Shows the dialog and pumps until EndDialog; its owner is disabled meanwhile. The end's result,
-  // or -1 when the dialog can't be made.
+  // Shows the dialog and pumps until EndDialog; its owner and the main window are disabled
+  // meanwhile. The end's result, or -1 when the dialog can't be made.
   virtual INT_PTR DoModal();
   void EndDialog(int result);
 

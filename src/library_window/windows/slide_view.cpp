@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <vector>
 
+#include "editor/windows/circuit_dialog.h"
 #include "library_window/circuit_actions.h"
 #include "library_window/windows/main_window.h"
 #include "library_window/windows/slide_preview.h"
@@ -120,7 +121,25 @@ void CSlbView::selectAt(CPoint point) {
 void CSlbView::OnLButtonDown(UINT, CPoint point) {
   CZhlkLibStore& store = storeOf(*this);
   selectAt(point);
-  if (store.GetMode() == 0) placeCell(store.GetSelection());
+  if (store.GetMode() == 0) {
+    placeCell(store.GetSelection());
+  } else {
+    editCell(point);
+  }
+}
+
+// A free slot opens with the template's circuit.
+void CSlbView::editCell(CPoint point) {
+  CZhlkLibStore& store = storeOf(*this);
+  const int slot = store.GetSelection();
+  CZHlkhlbjDlg dialog;
+  dialog.slot = static_cast<std::uint16_t>(slot);
+  store.GetRowAt(slot, dialog.row);
+  store.GetNameAt(slot, dialog.name);
+  if (dialog.DoModal() != IDOK) return;
+  storeEdit(store, slot, dialog.name, dialog.record);
+  const RECT cell = layout().insideOf(point);
+  InvalidateRect(&cell, FALSE);
 }
 
 // The blank ends the input on the command line. Which circuit is meant stands in the selection.

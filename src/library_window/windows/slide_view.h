@@ -1,7 +1,7 @@
 // The page of slides: a grid of cells with the selected one marked and the frame's title showing
 // its circuit. In draw mode a left click asks the host to place the circuit and a right click
-// enlarges it; in edit mode a right click offers copy, paste, delete and enlarge. Page, selection
-// and mode are read from the store each time.
+// enlarges it; in edit mode a left click opens the editing dialog and a right click offers copy,
+// paste, delete and enlarge. Page, selection and mode are read from the store each time.
 #pragma once
 
 #include "library_window/grid_layout.h"
@@ -36,6 +36,7 @@ class CSlbView : public CView {
   void showTitle(int slot);
   void selectAt(CPoint point);
   void placeCell(int slot);
+  void editCell(CPoint point);
   void showMenu(CPoint point);
 
   CZhlkSldWnd* m_preview = nullptr;  // the last one made; it deletes itself and nobody looks here

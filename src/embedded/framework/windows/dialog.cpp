@@ -16,17 +16,44 @@ END_MESSAGE_MAP()
 
 CDialog::CDialog(UINT templateId, CWnd* parent) : m_nTemplateID(templateId), m_pParentWnd(parent) {}
 
+namespace {
+
+// A window that takes no input while this object lives.
+class Disabled {
+ public:
+  explicit Disabled(HWND window) : window_(window && ::IsWindowEnabled(window) ? window : nullptr) {
+    if (window_) ::EnableWindow(window_, FALSE);
+  }
+  ~Disabled() {
+    if (window_) ::EnableWindow(window_, TRUE);
+  }
+  Disabled(const Disabled&) = delete;
+  Disabled& operator=(const Disabled&) = delete;
+
+ private:
+  HWND window_;
+};
+
+// Where the user was last: the main window, or a window above it.
+HWND lastActiveWindow() {
+  const CWnd* main = AfxGetMainWnd();
+  return main && main->m_hWnd ? ::GetLastActivePopup(main->m_hWnd) : ::GetActiveWindow();
+}
+
+}  // namespace
+
 INT_PTR CDialog::DoModal() {
-  const CWnd* parent = m_pParentWnd ? m_pParentWnd : AfxGetMainWnd();
-  const HWND owner = parent ? ::GetAncestor(parent->m_hWnd, GA_ROOT) : nullptr;
-  const bool disabled = owner && ::IsWindowEnabled(owner);
-  if (disabled) ::EnableWindow(owner, FALSE);
+  const HWND owner =
+      m_pParentWnd ? ::GetAncestor(m_pParentWnd->m_hWnd, GA_ROOT) : lastActiveWindow();
   m_nResult = -1;
   m_bRunning = true;
-  if (createFromResource(owner)) pump();
-  m_bRunning = false;
-  // The owner is enabled first: the system hands the focus to it and not to another program.
-  if (disabled) ::EnableWindow(owner, TRUE);
+  {
+    const Disabled main(owner ? ::GetAncestor(owner, GA_ROOTOWNER) : nullptr);
+    const Disabled behind(owner);
+    if (createFromResource(owner)) pump();
+    m_bRunning = false;
+  }
+  // The owner is enabled by now: the system hands the focus to it and not to another program.
   if (m_hWnd && owner && ::GetActiveWindow() == m_hWnd) ::SetActiveWindow(owner);
   DestroyWindow();
   return m_nResult;
