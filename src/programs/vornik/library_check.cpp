@@ -20,13 +20,11 @@
 namespace vornik {
 namespace {
 
-constexpr const char* kTreeFile = "Datcom/zhllib/zhllib.qdp";
 constexpr const char* kSlideFile = "Datcom/zhllib/zhllib.slb";
 constexpr const char* kDrawingDirectory = "Dwglib/dwgdir.dab";
 constexpr const char* kSlideDirectory = "Dwglib/slddir.dab";
 constexpr const wchar_t* kRows = L"ZHLLIB\\";
 constexpr const wchar_t* kTemplate = L"空";
-constexpr std::size_t kBlockFields = 5;
 
 std::string utf8(const CString& text) { return base::utf8FromWide(text.wide()); }
 

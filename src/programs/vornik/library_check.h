@@ -7,6 +7,9 @@
 
 namespace vornik {
 
+// Where circuits' rows are.
+inline constexpr const char* kTreeFile = "Datcom/zhllib/zhllib.qdp";
+
 struct Finding {
   std::string file;        // below the install
   std::string circuit;     // or slide, or symbol; may be empty

@@ -169,7 +169,7 @@ std::string putModel(std::wstring& row, const std::string& cell, const std::wstr
   if (!problem.empty()) return "the model " + problem;
   const auto block = blockAt(row, cell);
   if (!block) return "no block stands at " + cell;
-  const std::wstring symbol = tokensOf(row).blocks[*block * 5].value();
+  const std::wstring symbol = tokensOf(row).blocks[*block * kBlockFields].value();
   if (!model.empty() && (symbol == kEmptyCell || symbol == L"ZHL1000")) {
     return cell + " is empty and takes no model";
   }

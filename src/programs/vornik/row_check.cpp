@@ -11,9 +11,7 @@
 namespace vornik {
 namespace {
 
-constexpr const char* kTreeFile = "Datcom/zhllib/zhllib.qdp";
 constexpr const wchar_t* kBlankSymbol = L"ZHL1000";
-constexpr std::size_t kBlockFields = 5;
 constexpr std::size_t kNameSize = 8, kRecordSize = 12;
 
 // Where the part begins whose end the reader missed.

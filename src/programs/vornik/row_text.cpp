@@ -9,7 +9,7 @@
 namespace vornik {
 namespace {
 
-constexpr std::size_t kBlockFields = 5, kLineFields = 4, kTextFields = 6;
+constexpr std::size_t kLineFields = 4, kTextFields = 6;
 constexpr const wchar_t* kLinesMark = L"\"&&&&\"";
 constexpr const wchar_t* kTextsMark = L"\"TEXT\"";
 

@@ -17,7 +17,10 @@ struct RowToken {
   std::wstring value() const { return isQuoted() ? text.substr(1, text.size() - 2) : text; }
 };
 
-// The parts of a row, by tokens: number, blocks (fives), lines (fours), texts (sixes).
+// Fields of a block: name, model, x, y, angle.
+inline constexpr std::size_t kBlockFields = 5;
+
+// The parts of a row, by tokens: number, blocks, lines (fours), texts (sixes).
 struct RowTokens {
   std::vector<RowToken> number, blocks, lines, texts;
 };
