@@ -1,12 +1,27 @@
 // The bar with real mouse input: what it paints, hover, presses, drags, arrows.
 #include "controls/windows/bar_kit.h"
 #include "platform/framework_controls.h"
+#include "support/raises.h"
 
 namespace {
 
 using namespace controls_test;
 
 class OutBar : public BarWindow {};
+
+using HotSpot = std::pair<DWORD, DWORD>;
+
+// The hot spot of the cursor that is shown; the module's cursors differ in it.
+HotSpot hotSpot() {
+  ICONINFO info{};
+  ::GetIconInfo(::GetCursor(), &info);
+  ::DeleteObject(info.hbmMask);
+  if (info.hbmColor) ::DeleteObject(info.hbmColor);
+  return {info.xHotspot, info.yHotspot};
+}
+const HotSpot kCopy{11, 8};
+const HotSpot kHand{6, 0};
+const HotSpot kForbidden{17, 15};
 
 TEST_F(OutBar, HeadersAndIconsArePainted) {
   addItems(2);
@@ -142,6 +157,27 @@ TEST_F(OutBar, LosingTheCaptureEndsThePress) {
   EXPECT_EQ(bar_->GetCurrentFolder(), 1);
 }
 
+TEST_F(OutBar, AHandStandsOverTheHeaders) {
+  HotSpot over;
+  HotSpot off;
+  WindowScript script;
+  // The cursor follows the message before, so it takes two moves.
+  moveTo(script, middle(header(2)));
+  moveTo(script, {20, header(2).top + 5}).then([] {}).then([&] { over = hotSpot(); });
+  moveTo(script, {50, 150});
+  moveTo(script, {50, 160}).then([] {}).then([&] { off = hotSpot(); });
+  EXPECT_EQ(script.run(), "");
+  EXPECT_EQ(over, kHand);
+  EXPECT_NE(off, kHand);
+}
+
+TEST_F(OutBar, WithASingleFolderNoneCanBeSelected) {
+  while (bar_->GetFolderCount() > 1) bar_->folders().removeFolder(1);
+  test::expectInvalidArgument([this] { bar_->SelectFolder(0); });
+  repaint();
+  EXPECT_EQ(pictureOf(window()).at(4, 5), systemColour(COLOR_3DFACE)) << "it paints on";
+}
+
 // --- items ---
 
 TEST_F(OutBar, AClickSelectsAndIsReported) {
@@ -243,6 +279,30 @@ TEST_F(OutBarDrag, BelowTheListNothingChanges) {
   EXPECT_TRUE(library_.log.empty());
   EXPECT_EQ(order(), L"ab");
   EXPECT_EQ(marked_, left_) << "there is no mark";
+}
+
+TEST_F(OutBarDrag, TheCursorTellsWhereADropCounts) {
+  std::vector<HotSpot> cursors;
+  const auto note = [&cursors] { cursors.push_back(hotSpot()); };
+  WindowScript script;
+  hold(script, middle(icon(0)));
+  moveTo(script, {3, icon(0).top + 5}).then(note);
+  moveTo(script, middle(header(3))).then(note);
+  moveTo(script, middle(icon(1))).then(note);
+  moveTo(script, middle(header(3)));
+  drop(script);
+  EXPECT_EQ(script.run(), "");
+  EXPECT_EQ(cursors, (std::vector{kCopy, kForbidden, kCopy}));
+}
+
+TEST_F(OutBarDrag, EscDoesNotEndIt) {
+  WindowScript script;
+  hold(script, middle(icon(1)));
+  moveTo(script, {3, icon(1).top + 5}).key(VK_ESCAPE);
+  moveTo(script, middle(icon(0)));
+  drop(script);
+  EXPECT_EQ(script.run(), "");
+  EXPECT_EQ(order(), L"ba");
 }
 
 TEST_F(OutBarDrag, CrossingANeighbourFirstIsNoDrag) {
