@@ -92,6 +92,7 @@ class CToolBar : public CControlBar {
 
  public:
   CToolBar();
+  ~CToolBar() override;
   BOOL Create(CWnd* parent, DWORD style = WS_CHILD | WS_VISIBLE | CBRS_ALIGN_TOP,
               UINT id = AFX_IDW_TOOLBAR);
   // A tool bar resource and the bitmap of the same id. False when either is missing or damaged.
@@ -126,7 +127,4 @@ class CToolBar : public CControlBar {
   CSize m_sizeButton{23, 22};
   CSize m_sizeImage{16, 15};
   HBITMAP m_hbmImages = nullptr;  // owned
-
- public:
-  ~CToolBar() override;
 };

@@ -132,7 +132,7 @@ class CWnd : public CCmdTarget {
 
   // --- boxes and data ---
   int MessageBox(const wchar_t* text, const wchar_t* caption = nullptr, UINT style = MB_OK);
-  // Moves data between controls and members: to the members when saving. False when it was refused.
+  // Moves data between controls and members: to the members when saving. Always true.
   BOOL UpdateData(BOOL save = TRUE);
   virtual void DoDataExchange(CDataExchange*) {}
 

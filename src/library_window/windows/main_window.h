@@ -21,6 +21,7 @@ class CZhlkMainWnd : public CFrameWnd {
  public:
   // Makes the window, hidden. Without a window class there is none, and a message says so.
   CZhlkMainWnd();
+  ~CZhlkMainWnd() override;
 
   // What the module's commands see of the window; lasts as long as it.
   LibraryWindow& Door() { return m_door; }
@@ -87,9 +88,6 @@ class CZhlkMainWnd : public CFrameWnd {
   CWnd m_bar;                  // the auxiliary bar's pane
   AuxiliaryStore m_auxiliary;
   FrameDoor m_door{*this};
-
- public:
-  ~CZhlkMainWnd() override;
 };
 
 // The store of the library window that a child stands in. The child has one above it.
