@@ -108,7 +108,14 @@ TEST_F(SlideView, AFreeSlotSendsNothing) {
 TEST_F(SlideView, EditModeSendsNothing) {
   setMessageMark(1);
   store().SetMode(1);
-  click(cellCentre(3));
+  const auto dialog = [] { return ::FindWindowW(L"#32770", nullptr); };
+  WindowScript script;
+  script.onFailure([&] { ::PostMessageW(dialog(), WM_COMMAND, IDCANCEL, 0); });
+  script.then([this] { click(cellCentre(3)); });
+  script.waitFor("the editing dialog", [&] { return ::IsWindowVisible(dialog()) != 0; });
+  script.then([&] { ::PostMessageW(dialog(), WM_COMMAND, IDCANCEL, 0); });
+  script.waitFor("its end", [&] { return dialog() == nullptr; });
+  EXPECT_EQ(script.run(), "");
   EXPECT_TRUE(test::host().messages.empty());
 }
 
