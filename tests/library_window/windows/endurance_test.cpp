@@ -1,8 +1,8 @@
-// The library window over many rounds, and how fast it paints.
+// The library window over many rounds, and its looks in every grid at three sizes.
 #include <algorithm>
-#include <chrono>
 #include <cstdlib>
 #include <filesystem>
+#include <memory>
 
 #include "library_window/windows/window_fixture.h"
 
@@ -33,9 +33,45 @@ TEST_F(LibraryFrame, GraphicsHandlesAreCounted) {
   EXPECT_EQ(graphicsHandles(), before);
 }
 
+// Menus of this process: the system takes a handle's lower half for the whole.
+int menus() {
+  int count = 0;
+  for (std::uintptr_t low = 0x20; low < 0x10000; low += 2) {
+    count += ::IsMenu(reinterpret_cast<HMENU>(low)) ? 1 : 0;
+  }
+  return count;
+}
+
+// Bytes in use on the heap that the runtime library allocates from.
+std::size_t heapBytes() {
+  std::size_t bytes = 0;
+  PROCESS_HEAP_ENTRY entry{};
+  const HANDLE heap = ::GetProcessHeap();
+  while (::HeapWalk(heap, &entry)) {
+    if (entry.wFlags & PROCESS_HEAP_ENTRY_BUSY) bytes += entry.cbData;
+  }
+  return bytes;
+}
+
+TEST_F(LibraryFrame, MenusAndMemoryAreCounted) {
+  const int menusBefore = menus();
+  const std::size_t bytesBefore = heapBytes();
+  std::vector<HMENU> made;
+  for (int i = 0; i < 10; ++i) made.push_back(::CreatePopupMenu());
+  auto block = std::make_unique<std::vector<char>>(1000000);
+  EXPECT_EQ(menus(), menusBefore + 10);
+  EXPECT_GE(heapBytes(), bytesBefore + block->size());
+  for (const HMENU menu : made) ::DestroyMenu(menu);
+  block.reset();
+  EXPECT_EQ(menus(), menusBefore);
+  EXPECT_LT(heapBytes(), bytesBefore + 100000);
+}
+
 struct Resources {
   int windows = 0;
   int handles = 0;
+  int menus = 0;
+  std::size_t bytes = 0;
 };
 
 class Endurance : public LibraryFrame {
@@ -56,6 +92,8 @@ class Endurance : public LibraryFrame {
     };
     ::EnumThreadWindows(::GetCurrentThreadId(), count, reinterpret_cast<LPARAM>(&result.windows));
     result.handles = graphicsHandles();
+    result.menus = menus();
+    result.bytes = heapBytes();
     return result;
   }
 
@@ -85,35 +123,9 @@ TEST_F(Endurance, AThousandRoundsLeaveNothingBehind) {
   const Resources after = used();
   EXPECT_EQ(after.windows, before.windows);
   EXPECT_LE(after.handles, before.handles + 4) << "the system may keep a few fonts";
-}
-
-// --- painting ---
-
-// The best of some full repaints, which tells the least of what else the machine is doing.
-double millisecondsPerPaint(HWND window) {
-  double best = 1e9;
-  for (int i = 0; i < 12; ++i) {
-    ::InvalidateRect(window, nullptr, TRUE);
-    const auto start = std::chrono::steady_clock::now();
-    ::UpdateWindow(window);
-    const std::chrono::duration<double, std::milli> taken =
-        std::chrono::steady_clock::now() - start;
-    best = std::min(best, taken.count());
-  }
-  return best;
-}
-
-TEST_F(Endurance, APageRepaintsWithinAFrameOfADisplay) {
-  show(60);
-  resize(1200, 800);
-  const double eighteen = millisecondsPerPaint(grid());
-  choose(3);
-  const double all = millisecondsPerPaint(grid());
-  RecordProperty("milliseconds_18_slides", std::to_string(eighteen));
-  RecordProperty("milliseconds_48_slides", std::to_string(all));
-  std::printf("[ MEASURED ] 18 slides %.2f ms, 48 slides %.2f ms\n", eighteen, all);
-  EXPECT_LT(eighteen, 15);
-  EXPECT_LT(all, 15);
+  EXPECT_EQ(after.menus, before.menus);
+  // A round that forgot a hundred bytes would show.
+  EXPECT_LT(after.bytes, before.bytes + 100000);
 }
 
 // --- looks ---
