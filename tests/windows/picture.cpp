@@ -51,14 +51,14 @@ bool Picture::save(const std::filesystem::path& path) const {
   return out.good();
 }
 
-void Picture::copyFrom(HDC source) {
+void Picture::draw(const std::function<void(HDC)>& drawing) {
   if (pixels_.empty()) return;
-  const HDC memory = CreateCompatibleDC(source);
+  const HDC memory = CreateCompatibleDC(nullptr);
   const BITMAPINFO info = headerFor(width_, height_);
   void* bits = nullptr;
   const HBITMAP bitmap = CreateDIBSection(memory, &info, DIB_RGB_COLORS, &bits, nullptr, 0);
   const HGDIOBJ before = SelectObject(memory, bitmap);
-  BitBlt(memory, 0, 0, width_, height_, source, 0, 0, SRCCOPY);
+  drawing(memory);
   GdiFlush();
   std::copy_n(static_cast<const std::uint32_t*>(bits), pixels_.size(), pixels_.begin());
   SelectObject(memory, before);
@@ -71,17 +71,34 @@ Picture pictureOf(HWND window) {
   RECT client{};
   GetClientRect(window, &client);
   Picture picture(client.right, client.bottom);
-  const HDC source = GetDC(window);
-  picture.copyFrom(source);
-  ReleaseDC(window, source);
+  picture.draw([&](HDC memory) {
+    const HDC source = GetDC(window);
+    BitBlt(memory, 0, 0, client.right, client.bottom, source, 0, 0, SRCCOPY);
+    ReleaseDC(window, source);
+  });
   return picture;
 }
 
 Picture pictureOfScreen() {
   Picture picture(GetSystemMetrics(SM_CXSCREEN), GetSystemMetrics(SM_CYSCREEN));
-  const HDC source = GetDC(nullptr);
-  picture.copyFrom(source);
-  ReleaseDC(nullptr, source);
+  std::vector<HWND> windows;  // topmost first
+  EnumWindows(
+      [](HWND window, LPARAM list) -> BOOL {
+        if (IsWindowVisible(window)) reinterpret_cast<std::vector<HWND>*>(list)->push_back(window);
+        return TRUE;
+      },
+      reinterpret_cast<LPARAM>(&windows));
+  std::reverse(windows.begin(), windows.end());
+  picture.draw([&](HDC memory) {
+    for (const HWND window : windows) {
+      RECT place{};
+      GetWindowRect(window, &place);
+      const HDC source = GetWindowDC(window);
+      BitBlt(memory, place.left, place.top, place.right - place.left, place.bottom - place.top,
+             source, 0, 0, SRCCOPY);
+      ReleaseDC(window, source);
+    }
+  });
   return picture;
 }
 

@@ -5,6 +5,7 @@
 
 #include <cstdint>
 #include <filesystem>
+#include <functional>
 #include <vector>
 
 namespace window_kit {
@@ -26,7 +27,7 @@ class Picture {
  private:
   friend Picture pictureOf(HWND window);
   friend Picture pictureOfScreen();
-  void copyFrom(HDC source);
+  void draw(const std::function<void(HDC)>& drawing);
 
   int width_;
   int height_;
@@ -36,7 +37,7 @@ class Picture {
 // The client area of a visible window, after all waiting paint messages are done. Parts that lie
 // outside of the screen can't be read.
 Picture pictureOf(HWND window);
-// The whole screen as it is now.
+// All visible windows at their places, the topmost in front, and black around them.
 Picture pictureOfScreen();
 
 }  // namespace window_kit

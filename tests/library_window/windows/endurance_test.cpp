@@ -1,4 +1,6 @@
 // The library window over many rounds, and its looks in every grid at three sizes.
+#include <malloc.h>
+
 #include <algorithm>
 #include <cstdlib>
 #include <filesystem>
@@ -46,7 +48,7 @@ int menus() {
 std::size_t heapBytes() {
   std::size_t bytes = 0;
   PROCESS_HEAP_ENTRY entry{};
-  const HANDLE heap = ::GetProcessHeap();
+  const auto heap = reinterpret_cast<HANDLE>(::_get_heap_handle());
   while (::HeapWalk(heap, &entry)) {
     if (entry.wFlags & PROCESS_HEAP_ENTRY_BUSY) bytes += entry.cbData;
   }
@@ -58,11 +60,12 @@ TEST_F(LibraryFrame, MenusAndMemoryAreCounted) {
   const std::size_t bytesBefore = heapBytes();
   std::vector<HMENU> made;
   for (int i = 0; i < 10; ++i) made.push_back(::CreatePopupMenu());
-  auto block = std::make_unique<std::vector<char>>(1000000);
+  std::vector<std::unique_ptr<char[]>> blocks;
+  for (int i = 0; i < 1000; ++i) blocks.push_back(std::make_unique<char[]>(1000));
   EXPECT_EQ(menus(), menusBefore + 10);
-  EXPECT_GE(heapBytes(), bytesBefore + block->size());
+  EXPECT_GE(heapBytes(), bytesBefore + 1000000);
   for (const HMENU menu : made) ::DestroyMenu(menu);
-  block.reset();
+  blocks.clear();
   EXPECT_EQ(menus(), menusBefore);
   EXPECT_LT(heapBytes(), bytesBefore + 100000);
 }
