@@ -1,6 +1,7 @@
 #include "embedded/drafting/lisp/value.h"
 
 #include <cmath>
+#include <deque>
 
 #include "embedded/base/numbers.h"
 #include "embedded/drafting/documents/session.h"
@@ -70,7 +71,8 @@ std::string printValue(const Value& value, bool readable, int depth) {
 // Taking the list apart pair by pair keeps the destructors from nesting as deep as it is long or
 // nested. Pairs that another list shares stay as they are.
 Pair::~Pair() {
-  std::vector<Value> doomed;
+  if (!first.holdsPairAlone() && !rest.holdsPairAlone()) return;
+  std::deque<Value> doomed;
   const auto take = [&doomed](const Pair& pair) {
     if (pair.first.holdsPairAlone()) doomed.push_back(std::move(pair.first));
     if (pair.rest.holdsPairAlone()) doomed.push_back(std::move(pair.rest));
