@@ -195,6 +195,40 @@ TEST_F(EditingDialog, WithoutItsSymbolTableThePickerTellsAndTheCircuitIsThere) {
   EXPECT_EQ(boxes_.texts.size(), 1U);
 }
 
+TEST_F(EditingDialog, WithoutASymbolLibraryCellsStayWithoutSlides) {
+  const std::wstring folder = base::wideFromPath(library());
+  WriteInformation(L"Dwglib", L"Dwgdir", (folder + L"\\nowhere").c_str(), 1);
+  open(rowOf(2), L"主回路&03", 2);
+  run([&](WindowScript& script) {
+    rightClickCircuitCell(script, 1);
+    script.then([&] {
+      EXPECT_EQ(blockName(1), L"F002");
+      EXPECT_EQ(block(1).slide.GetSize(), 0);
+    });
+    script.key(VK_ESCAPE);
+  });
+  WriteInformation(L"Dwglib", L"Dwgdir", folder.c_str(), 1);
+}
+
+TEST_F(EditingDialog, BrokenRowIsToldAndTheDialogStaysUsable) {
+  open(L"(\"05\" \"A01", L"主回路&05", 4);
+  run([&](WindowScript& script) {
+    script.then([&] { EXPECT_EQ(dialog_->record.GetBlockCount(), 0); });
+    clickPickerCell(script, 1, 1);
+    script.then([&] { EXPECT_EQ(dialog_->CurrentSymbol(), symbols()[7].c_str()); });
+    script.key(VK_ESCAPE);
+  });
+  EXPECT_EQ(boxes_.texts.size(), 1U);
+}
+
+TEST_F(EditingDialog, AbsentTemplateLeavesNoCircuitToCapture) {
+  open(L"", L"", 30);
+  EXPECT_EQ(run([&](WindowScript& script) { press(script, IDOK); }), IDOK);
+  EXPECT_GE(boxes_.texts.size(), 2U);  // at the start, and at the capture
+  EXPECT_TRUE(dialog_->record.slide.empty());
+  EXPECT_EQ(session_.document().locks, 0);
+}
+
 TEST_F(EditingDialog, ScrolledViewIsHitWhereTheCircuitIs) {
   open(LR"(("05" "ZHL1003" "25A" -60 0 0 "ZHL1003" "40A" 60 -220 0 "&&&&" 0 0 0 -240))",
        L"主回路&05", 4);
