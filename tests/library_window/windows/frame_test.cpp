@@ -1,4 +1,6 @@
 // The library window's frame and tool bar.
+#include <filesystem>
+
 #include "library_window/windows/window_fixture.h"
 
 namespace {
@@ -266,6 +268,40 @@ TEST_F(LibraryFrame, AMissingLibraryIsAnEmptyPage) {
   click({3, 3});
   EXPECT_EQ(title(), L"主回路");
   EXPECT_FALSE(isEnabled(ID_NEXT_PAGE));
+}
+
+TEST_F(LibraryFrame, DamagedFilesAreAnEmptyPageAndAreKept) {
+  fill(5);
+  for (const char* name : {"zhllib.qdp", "zhllib.slb"}) {
+    test::writeBytes(install_.library() / name, "neither tree nor slides");
+  }
+  open();
+  ShowLibraryWindow();
+  click({3, 3});
+  EXPECT_EQ(title(), L"主回路");
+  EXPECT_EQ(store().GetCount(), -1);
+  close();
+  EXPECT_TRUE(std::filesystem::exists(install_.library() / "zhllib.qdp.damaged-1"));
+}
+
+TEST_F(LibraryFrame, SlideThatCantBeDrawnLeavesItsCellEmpty) {
+  fill(3);
+  open();
+  store().Slides().AddSlideW(CZhlkLibStore::CircuitName(1), "no slide", 8);
+  ShowLibraryWindow();
+  resize(747, 400);
+  const window_kit::Picture page = window_kit::pictureOf(grid());
+  const auto isLit = [&](int cell) {
+    const CPoint middle = cellCentre(cell);
+    int lit = 0;
+    for (int y = middle.y - 40; y < middle.y + 40; ++y) {
+      for (int x = middle.x - 20; x < middle.x + 20; ++x) lit += page.at(x, y) != 0 ? 1 : 0;
+    }
+    return lit > 0;
+  };
+  EXPECT_TRUE(isLit(0));
+  EXPECT_FALSE(isLit(1));
+  EXPECT_TRUE(isLit(2));
 }
 
 TEST_F(LibraryFrame, ManyRoundsLeaveNoWindowBehind) {
