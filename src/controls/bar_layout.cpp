@@ -4,11 +4,6 @@
 
 namespace {
 
-bool holds(const RECT& rect, const POINT& point) {
-  return point.x >= rect.left && point.x < rect.right && point.y >= rect.top &&
-         point.y < rect.bottom;
-}
-
 int width(const RECT& rect) { return static_cast<int>(rect.right - rect.left); }
 
 SIZE size(int cx, int cy) {

@@ -14,7 +14,7 @@ static_assert(std::size(kGrids) == std::size(kGridTexts));
 constexpr std::int32_t kCaptionGripWidth = 48;
 constexpr std::int32_t kCaptionGripHeight = 16;
 
-std::int32_t edgeAt(std::int64_t value) {
+std::int32_t saturated(std::int64_t value) {
   return static_cast<std::int32_t>(std::clamp<std::int64_t>(
       value, std::numeric_limits<std::int32_t>::min(), std::numeric_limits<std::int32_t>::max()));
 }
@@ -31,7 +31,7 @@ std::pair<std::int32_t, std::int32_t> within(std::int64_t from, std::int64_t to,
                                              std::int64_t most) {
   const std::int64_t length = std::clamp<std::int64_t>(to - from, 0, most - least);
   const std::int64_t start = std::clamp(from, least, most - length);
-  return {edgeAt(start), edgeAt(start + length)};
+  return {saturated(start), saturated(start + length)};
 }
 
 std::int64_t cellsOf(int rows, int columns) {
@@ -51,7 +51,7 @@ PaneSizes CalcPaneSizes(SIZE client, bool barHidden) {
 }
 
 RECT storedWindow(std::int32_t x, std::int32_t y, std::int32_t width, std::int32_t height) {
-  return {x, y, edgeAt(std::int64_t{x} + width), edgeAt(std::int64_t{y} + height)};
+  return {x, y, saturated(std::int64_t{x} + width), saturated(std::int64_t{y} + height)};
 }
 
 RECT reachableWindow(const RECT& window, const RECT& screen) {
@@ -76,6 +76,8 @@ SIZE leastWindowSize(const RECT& window, const RECT& client) {
   least.cy = (window.bottom - window.top) - (client.bottom - client.top) + kLeastClientHeight;
   return least;
 }
+
+std::int32_t pageAfter(std::int32_t page, int by) { return saturated(std::int64_t{page} + by); }
 
 bool hasPreviousPage(std::int32_t page) { return page != 1; }
 

@@ -34,6 +34,8 @@ RECT toolBarStrip(const RECT& dockBar);
 // The least size that the window can be given, its frame included.
 SIZE leastWindowSize(const RECT& window, const RECT& client);
 
+// So many pages further; at the limits of 32 bits it stays.
+std::int32_t pageAfter(std::int32_t page, int by);
 bool hasPreviousPage(std::int32_t page);
 bool hasNextPage(std::int32_t page, int rows, int columns, int slides);
 // The page that shows the slot.

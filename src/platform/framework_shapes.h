@@ -26,3 +26,9 @@ struct RECT {
   std::int32_t bottom;
 };
 #endif
+
+// As the system has it: the right and the bottom edge lie outside.
+inline bool holds(const RECT& rectangle, const POINT& point) {
+  return point.x >= rectangle.left && point.x < rectangle.right && point.y >= rectangle.top &&
+         point.y < rectangle.bottom;
+}

@@ -3,16 +3,6 @@
 #include "store/circuit_record.h"
 #include "store/element_writer.h"
 
-namespace {
-
-// As a point lies in a rectangle of the window system: right and bottom edge are outside.
-bool holds(const RECT& rectangle, const POINT& point) {
-  return point.x >= rectangle.left && point.x < rectangle.right && point.y >= rectangle.top &&
-         point.y < rectangle.bottom;
-}
-
-}  // namespace
-
 int CZhlkCircuitRecord::HitBlock(const POINT& point, ZhlkElement& element) const {
   const int count = GetBlockCount();
   for (int n = 0; n < count; ++n) {

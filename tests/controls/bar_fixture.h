@@ -9,15 +9,12 @@
 #include <vector>
 
 #include "controls/bar_layout.h"
+#include "support/shapes.h"
 
 namespace controls_test {
 
-using Place = std::vector<int>;
-
-inline Place edges(const RECT& r) {
-  return {static_cast<int>(r.left), static_cast<int>(r.top), static_cast<int>(r.right),
-          static_cast<int>(r.bottom)};
-}
+using test::edges;
+using test::Place;
 
 class Letters : public BarMeasure {
  public:

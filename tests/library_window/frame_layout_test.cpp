@@ -3,17 +3,15 @@
 
 #include <gtest/gtest.h>
 
-#include <vector>
+#include <limits>
+
+#include "support/shapes.h"
 
 namespace {
 
-using Place = std::vector<int>;
-
-Place edges(const RECT& r) {
-  return {static_cast<int>(r.left), static_cast<int>(r.top), static_cast<int>(r.right),
-          static_cast<int>(r.bottom)};
-}
-Place extent(const SIZE& s) { return {static_cast<int>(s.cx), static_cast<int>(s.cy)}; }
+using test::edges;
+using test::extent;
+using test::Place;
 
 TEST(PaneSizes, BarTakes120OfTheWidth) {
   const PaneSizes sizes = CalcPaneSizes({600, 401}, false);
@@ -91,6 +89,15 @@ TEST(Pages, PageFollowsTheSlot) {
   EXPECT_EQ(pageOfSlot(20, 1, 3), 7);
   EXPECT_EQ(pageOfSlot(17, 3, 6), 1);
   EXPECT_EQ(pageOfSlot(18, 3, 6), 2);
+}
+
+TEST(Pages, TurningStaysWithinItsNumbers) {
+  constexpr std::int32_t kLast = std::numeric_limits<std::int32_t>::max();
+  constexpr std::int32_t kFirst = std::numeric_limits<std::int32_t>::min();
+  EXPECT_EQ(pageAfter(3, 1), 4);
+  EXPECT_EQ(pageAfter(1, -1), 0);
+  EXPECT_EQ(pageAfter(kLast, 1), kLast);
+  EXPECT_EQ(pageAfter(kFirst, -1), kFirst);
 }
 
 TEST(Pages, CountsOf0CountAs1) {

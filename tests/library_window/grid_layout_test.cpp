@@ -3,19 +3,14 @@
 
 #include <gtest/gtest.h>
 
-#include <vector>
-
 #include "library_window/pasted_circuit.h"
+#include "support/shapes.h"
 
 namespace {
 
-using Place = std::vector<int>;
-
-Place edges(const RECT& r) {
-  return {static_cast<int>(r.left), static_cast<int>(r.top), static_cast<int>(r.right),
-          static_cast<int>(r.bottom)};
-}
-Place place(const POINT& p) { return {static_cast<int>(p.x), static_cast<int>(p.y)}; }
+using test::edges;
+using test::place;
+using test::Place;
 
 TEST(GridLayout, CellsAreWholePixelsAndTheRestIsLeftOver) {
   const GridLayout grid({605, 301}, 3, 6, 1);

@@ -11,6 +11,7 @@
 #include "platform/slide_store.h"
 #include "store/circuit_record.h"
 #include "support/install.h"
+#include "support/shapes.h"
 #include "support/temp_folder.h"
 #include "support/transcript.h"
 
@@ -62,13 +63,8 @@ class CircuitFixture : public testing::Test {
   static std::string asText(const CByteArray& bytes) {
     return std::string(bytes.begin(), bytes.end());
   }
-  static std::vector<int> edges(const RECT& rectangle) {
-    return {static_cast<int>(rectangle.left), static_cast<int>(rectangle.top),
-            static_cast<int>(rectangle.right), static_cast<int>(rectangle.bottom)};
-  }
-  static std::vector<int> place(const POINT& point) {
-    return {static_cast<int>(point.x), static_cast<int>(point.y)};
-  }
+  static Place edges(const RECT& rectangle) { return test::edges(rectangle); }
+  static Place place(const POINT& point) { return test::place(point); }
 
   Install install_;
   std::optional<CZhlkCircuitRecord> record_;

@@ -205,7 +205,7 @@ void CZhlkMainWnd::chooseGrid() {
 }
 
 void CZhlkMainWnd::turnPage(int by) {
-  store.SetPage(store.GetPage() + by);
+  store.SetPage(pageAfter(store.GetPage(), by));
   showPage();
 }
 

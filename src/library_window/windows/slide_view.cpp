@@ -95,7 +95,7 @@ void CSlbView::drawHighlight(CDC& dc, int slot) {
   CRect client;
   GetClientRect(client);
   m_graph.dc = &dc;
-  m_graph.HighLightBlock(client, grid.columns, grid.rows, store.GetPage() - 1, slot, 0);
+  m_graph.HighLightBlock(client, grid.columns, grid.rows, pageAfter(store.GetPage(), -1), slot, 0);
   m_graph.dc = nullptr;
   showTitle(slot);
 }

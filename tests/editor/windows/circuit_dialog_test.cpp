@@ -21,11 +21,7 @@ class EditingDialog : public DialogFixture {
 
   // Turns to the page of the first three-wide symbol and picks it.
   void pickWideSymbol(WindowScript& script) {
-    const auto all = symbols();
-    const auto wide = std::find_if(
-        all.begin(), all.end(), [](const std::wstring& name) { return name.starts_with(L"ZHL3"); });
-    ASSERT_NE(wide, all.end());
-    const auto index = static_cast<int>(wide - all.begin());
+    const int index = test::firstWideSymbol(symbols());
     for (int page = 0; page < index / 36; ++page) press(script, IDC_PICKER_NEXT_PAGE);
     clickPickerCell(script, index % 6, index % 36 / 6);
   }
@@ -72,7 +68,7 @@ TEST_F(EditingDialog, ShowsTheCircuitAndThePicker) {
       const auto circuit = window_kit::pictureOf(view());
       EXPECT_GT(circuit.count(kLineRed), 20);
       const auto whole = window_kit::pictureOf(dialog_->m_hWnd);
-      keep(whole, "editing_dialog");
+      test::keep(whole, "editing_dialog");
       const auto pixels = pickerPixels();
       EXPECT_GT(std::count(pixels.begin(), pixels.end(), kWireGreen), 500);  // the symbols
       EXPECT_EQ(whole.count(kWireGreen) - circuit.count(kWireGreen),
@@ -244,7 +240,7 @@ TEST_F(EditingDialog, ScrolledViewIsHitWhereTheCircuitIs) {
     script.then([&] {
       EXPECT_EQ(blockName(1), L"F002");
       EXPECT_EQ(blockName(0), L"ZHL1003");
-      keep(window_kit::pictureOf(dialog_->m_hWnd), "scrolled_dialog");
+      test::keep(window_kit::pictureOf(dialog_->m_hWnd), "scrolled_dialog");
     });
     script.key(VK_ESCAPE);
   });
@@ -264,17 +260,18 @@ TEST_F(EditingDialog, WheelScrollsTheCircuit) {
 // A motor starter of eight symbols, one of them three cells wide, on a free slot.
 TEST_F(EditingDialog, CircuitIsBuiltWithTheMouse) {
   open(freeCircuit(), L"", 40);
-  EXPECT_EQ(run([&](WindowScript& script) {
-              for (const int cell : {0, 1, 2, 3, 4, 5, 6}) {
-                clickPickerCell(script, cell % 6, cell / 6 + 1);
-                clickCircuitCell(script, middleCellOfRow(cell));
-              }
-              pickWideSymbol(script);
-              clickCircuitCell(script, middleCellOfRow(8));
-              script.then([&] { keep(window_kit::pictureOf(dialog_->m_hWnd), "built_circuit"); });
-              press(script, IDOK);
-            }),
-            IDOK);
+  EXPECT_EQ(
+      run([&](WindowScript& script) {
+        for (const int cell : {0, 1, 2, 3, 4, 5, 6}) {
+          clickPickerCell(script, cell % 6, cell / 6 + 1);
+          clickCircuitCell(script, middleCellOfRow(cell));
+        }
+        pickWideSymbol(script);
+        clickCircuitCell(script, middleCellOfRow(8));
+        script.then([&] { test::keep(window_kit::pictureOf(dialog_->m_hWnd), "built_circuit"); });
+        press(script, IDOK);
+      }),
+      IDOK);
   int drawn = 0;
   int wide = 0;
   for (std::uint16_t n = 0; n < dialog_->record.GetBlockCount(); ++n) {

@@ -8,17 +8,12 @@
 #include <string>
 #include <vector>
 
-#include "editor/symbol_tables.h"
-#include "editor/windows/circuit_dialog.h"
-#include "embedded/base/paths.h"
+#include "editor/windows/dialog_hand.h"
 #include "embedded/drafting/documents/session.h"
 #include "embedded/framework/windows/kit.h"
-#include "resources/resource_ids.h"
 #include "samples/generator/install.h"
 #include "store/library_store.h"
 #include "support/install.h"
-#include "windows/picture.h"
-#include "windows/window_script.h"
 
 namespace test {
 
@@ -70,12 +65,7 @@ class DialogFixture : public testing::Test {
     return row;
   }
   static CString freeCircuit() { return rowOf(1000); }
-  static std::vector<std::wstring> symbols() {
-    std::vector<std::wstring> names;
-    const auto lines = readSymbolLines(base::wideFromPath(library()) + L"\\Dqbl0012\\Dqbl0012.idx");
-    for (const SymbolLine& line : *lines) names.push_back(line.front());
-    return names;
-  }
+  static std::vector<std::wstring> symbols() { return sampleSymbols(*folder_ / "install"); }
 
   // --- the dialog ---
   void open(const CString& row, const CString& name, std::uint16_t slot) {
@@ -99,34 +89,26 @@ class DialogFixture : public testing::Test {
     EXPECT_EQ(script.run(), "");
     return result;
   }
-  HWND control(int id) const { return ::GetDlgItem(dialog_->m_hWnd, id); }
-  HWND view() const { return control(AFX_IDW_PANE_FIRST); }
-  bool isEnabled(int id) const { return ::IsWindowEnabled(control(id)) != 0; }
-  void press(window_kit::WindowScript& script, int id) {
-    script.then([this, id] { ::SendMessageW(control(id), BM_CLICK, 0, 0); });
+  HWND view() const { return hand_.view(); }
+  bool isEnabled(int id) const { return ::IsWindowEnabled(hand_.control(id)) != 0; }
+  void press(window_kit::WindowScript& script, int id) { hand_.press(script, id); }
+  void clickPickerCell(window_kit::WindowScript& script, int column, int row) {
+    hand_.pick(script, row * kPickerSide + column);
   }
-
-  CRect pickerArea() const {
-    return framework_test::rectInParent(*dialog_->GetDlgItem(IDC_PICKER_GRID));
+  void clickCircuitCell(window_kit::WindowScript& script, std::uint16_t index) {
+    hand_.click(script, index);
+  }
+  void rightClickCircuitCell(window_kit::WindowScript& script, std::uint16_t index) {
+    hand_.rightClick(script, index);
   }
   std::vector<std::uint32_t> pickerPixels() const {
     const auto picture = window_kit::pictureOf(dialog_->m_hWnd);
     std::vector<std::uint32_t> pixels;
-    const CRect area = pickerArea();
+    const CRect area = hand_.pickerArea();
     for (int y = area.top; y < area.bottom; ++y) {
       for (int x = area.left; x < area.right; ++x) pixels.push_back(picture.at(x, y));
     }
     return pixels;
-  }
-  void clickPickerCell(window_kit::WindowScript& script, int column, int row) {
-    script.move([this, column, row] {
-      const CRect area = pickerArea();
-      const int width = area.Width() / 6;
-      const int height = area.Height() / 6;
-      return window_kit::Spot{dialog_->m_hWnd, area.left + column * width + width / 2,
-                              area.top + row * height + height / 2};
-    });
-    script.press().release();
   }
 
   // --- the circuit ---
@@ -136,24 +118,6 @@ class DialogFixture : public testing::Test {
     return element;
   }
   std::wstring blockName(std::uint16_t index) const { return block(index).blockName.wide(); }
-  window_kit::Spot middleOf(std::uint16_t index) const {
-    const CRect cell(block(index).symbolRect);
-    return {view(), (cell.left + cell.right) / 2 - ::GetScrollPos(view(), SB_HORZ),
-            (cell.top + cell.bottom) / 2 - ::GetScrollPos(view(), SB_VERT)};
-  }
-  void clickCircuitCell(window_kit::WindowScript& script, std::uint16_t index) {
-    script.move([this, index] { return middleOf(index); }).press().release();
-  }
-  void rightClickCircuitCell(window_kit::WindowScript& script, std::uint16_t index) {
-    script.move([this, index] { return middleOf(index); }).pressRight().releaseRight();
-  }
-
-  // For looking at.
-  static void keep(const window_kit::Picture& picture, const char* name) {
-    const std::filesystem::path folder = std::filesystem::path(VORNIK_SOURCE_DIR) / "out";
-    std::filesystem::create_directories(folder);
-    EXPECT_TRUE(picture.save(folder / (std::string(name) + ".bmp")));
-  }
 
   static std::unique_ptr<TempFolder> folder_;
   drafting::Session session_;
@@ -161,6 +125,7 @@ class DialogFixture : public testing::Test {
   framework_test::BoxLog boxes_;
   CFrameWnd* frame_ = nullptr;
   std::unique_ptr<CZHlkhlbjDlg> dialog_;
+  DialogHand hand_{[this] { return dialog_.get(); }};
 };
 
 inline std::unique_ptr<TempFolder> DialogFixture::folder_;

@@ -4,19 +4,15 @@
 
 #include <algorithm>
 
-#include "editor/windows/circuit_dialog.h"
-#include "embedded/base/paths.h"
+#include "editor/windows/dialog_hand.h"
 #include "embedded/drafting/documents/session.h"
 #include "engine/place_row.h"
 #include "library_window/windows/main_window.h"
 #include "module/module_state.h"
 #include "platform/framework_app.h"
-#include "resources/resource_ids.h"
 #include "samples/generator/install.h"
 #include "support/describe.h"
 #include "support/install.h"
-#include "windows/picture.h"
-#include "windows/window_script.h"
 
 namespace {
 
@@ -85,48 +81,15 @@ class Editing : public testing::Test {
     });
     script.then([this] { dialog()->UpdateWindow(); });
   }
-  void press(WindowScript& script, int id) {
-    script.then([this, id] { ::SendMessageW(dialog()->GetDlgItem(id)->m_hWnd, BM_CLICK, 0, 0); });
-  }
-  // Six by six symbols a page.
-  void pick(WindowScript& script, int symbol) {
-    script.move([this, symbol] {
-      CRect area;
-      dialog()->GetDlgItem(IDC_PICKER_GRID)->GetWindowRect(area);
-      dialog()->ScreenToClient(area);
-      const int width = area.Width() / 6;
-      const int height = area.Height() / 6;
-      return Spot{dialog()->m_hWnd, area.left + symbol % 6 * width + width / 2,
-                  area.top + symbol % 36 / 6 * height + height / 2};
-    });
-    script.press().release();
-  }
-  void put(WindowScript& script, std::uint16_t block) {
-    script.move([this, block] {
-      ZhlkElement element;
-      dialog()->record.ReadElement(block, element, kBlockElement);
-      const RECT& cell = element.symbolRect;
-      return Spot{dialog()->GetDlgItem(AFX_IDW_PANE_FIRST)->m_hWnd, (cell.left + cell.right) / 2,
-                  (cell.top + cell.bottom) / 2};
-    });
-    script.press().release();
-  }
+  void press(WindowScript& script, int id) { hand_.press(script, id); }
+  void pick(WindowScript& script, int symbol) { hand_.pick(script, symbol % 36); }
+  void put(WindowScript& script, std::uint16_t block) { hand_.click(script, block); }
   void waitForItsEnd(WindowScript& script) {
     script.waitFor("its end", [this] { return dialog() == nullptr; });
   }
   static void run(WindowScript& script) {
     script.translate([](MSG* message) { return AfxPreTranslateMessage(message); });
     EXPECT_EQ(script.run(), "");
-  }
-
-  // On the picker's second page.
-  int firstWideSymbol() const {
-    const auto lines = readSymbolLines(
-        base::wideFromPath(folder_ / "install" / "Dwglib" / "Dqbl0012" / "Dqbl0012.idx"));
-    const auto wide = std::find_if(lines->begin(), lines->end(), [](const SymbolLine& line) {
-      return line.front().starts_with(L"ZHL3");
-    });
-    return static_cast<int>(wide - lines->begin());
   }
 
   // Lit pixels of the slot's cell, its lines and mark left out.
@@ -138,11 +101,6 @@ class Editing : public testing::Test {
       for (int x = middle.x - 30; x < middle.x + 30; ++x) lit += picture.at(x, y) != 0 ? 1 : 0;
     }
     return lit;
-  }
-  void keep(HWND window, const char* name) const {
-    const std::filesystem::path out = std::filesystem::path(VORNIK_SOURCE_DIR) / "out";
-    std::filesystem::create_directories(out);
-    EXPECT_TRUE(window_kit::pictureOf(window).save(out / (std::string(name) + ".bmp")));
   }
   // What the slot's row draws: the block references with their extended data.
   std::vector<std::string> placed(int slot) {
@@ -167,6 +125,7 @@ class Editing : public testing::Test {
   drafting::Session session_;
   HWND host_ = nullptr;
   CZhlkMainWnd* frame_ = nullptr;
+  test::DialogHand hand_{[this] { return dialog(); }};
 };
 
 TEST_F(Editing, FreeSlotBecomesACircuitThatCanBePlaced) {
@@ -180,9 +139,10 @@ TEST_F(Editing, FreeSlotBecomesACircuitThatCanBePlaced) {
     put(script, static_cast<std::uint16_t>(3 * line + 1));
   }
   press(script, IDC_PICKER_NEXT_PAGE);
-  pick(script, firstWideSymbol());
+  pick(script, test::firstWideSymbol(test::sampleSymbols(folder_ / "install")));  // page 2
   put(script, 3 * 7 + 1);
-  script.then([this] { keep(dialog()->m_hWnd, "edit_of_a_free_slot"); });
+  script.then(
+      [this] { test::keep(window_kit::pictureOf(dialog()->m_hWnd), "edit_of_a_free_slot"); });
   press(script, IDOK);
   waitForItsEnd(script);
   run(script);
@@ -194,7 +154,7 @@ TEST_F(Editing, FreeSlotBecomesACircuitThatCanBePlaced) {
   EXPECT_EQ(row.wide().substr(0, 6), L"(\"26\" ");
   EXPECT_NE(row.wide().find(L"\"ZHL3"), std::wstring::npos);
   EXPECT_GT(drawnIn(kFree), 100);
-  keep(grid(), "page_after_the_edit");
+  test::keep(window_kit::pictureOf(grid()), "page_after_the_edit");
 
   const auto entities = placed(kFree);
   // Each symbol has its index text, and so have the cells left empty and the blanks beside them.
