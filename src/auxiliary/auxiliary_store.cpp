@@ -1,26 +1,14 @@
 // Reads groups and items from the tree, and writes the choice and the icon state.
 #include "auxiliary/auxiliary_store.h"
 
+#include "auxiliary/auxiliary_keys.h"
+#include "auxiliary/new_names.h"
 #include "module/information.h"
 #include "module/name_list.h"
 #include "module/tree_values.h"
+#include "platform/framework_files.h"
 
-namespace {
-
-constexpr wchar_t kSeparator = L'&';
-constexpr const wchar_t* kIndex = L"索引";
-constexpr const wchar_t* kIconState = L"图标状态";
-// Two literals joined: the doubled backslash counts as one level.
-constexpr const wchar_t* kChosenBlock =
-    L"当前选择\\"
-    L"\\块名";
-constexpr const wchar_t* kChosenType =
-    L"当前选择\\"
-    L"\\类型";
-
-std::wstring groupKey(const CString& title) { return L"数据\\" + title.wide(); }
-
-}  // namespace
+namespace keys = auxiliary_keys;
 
 AuxiliaryStore::AuxiliaryStore() : directory_(libraryFolder()), path_(directory_ + L"zhlFzgn.qdp") {
   tree_.ReadDataFromQdpFile(path_.c_str());
@@ -35,29 +23,69 @@ std::wstring AuxiliaryStore::value(const std::wstring& key) const {
 
 CStringArray AuxiliaryStore::list(const std::wstring& key) const {
   CStringArray names;
-  if (!splitNames(value(key), kSeparator, names)) names.RemoveAll();
+  if (!splitNames(value(key), keys::kSeparator, names)) names.RemoveAll();
   return names;
 }
 
-CStringArray AuxiliaryStore::titles() const { return list(kIndex); }
+void AuxiliaryStore::storeList(const std::wstring& key, const CStringArray& names) {
+  storeText(tree_, key, joinNames(names, keys::kSeparator));
+}
+
+CStringArray AuxiliaryStore::titles() const { return list(keys::kIndex); }
+
+bool AuxiliaryStore::isShown(const std::wstring& title) const {
+  return isOneLevel(title) && value(keys::type(title)) == L"0";
+}
 
 std::vector<std::wstring> AuxiliaryStore::shownTitles() const {
   std::vector<std::wstring> shown;
   for (const CString& title : titles()) {
-    if (value(groupKey(title) + L"\\类型") == L"0") shown.push_back(title.wide());
+    if (isShown(title.wide())) shown.push_back(title.wide());
   }
   return shown;
 }
 
 bool AuxiliaryStore::largeIcons() const {
-  const std::wstring state = value(kIconState);
+  const std::wstring state = value(keys::kIconState);
   return !state.empty() && state != L"0";
 }
 
 CStringArray AuxiliaryStore::labels(int folder) const {
   const CStringArray groups = titles();
   if (folder < 0 || folder >= groups.GetSize()) return {};
-  return list(groupKey(groups.GetAt(folder)) + L"\\" + kIndex);
+  return labelsOf(groups.GetAt(folder).wide());
+}
+
+CStringArray AuxiliaryStore::labelsOf(const std::wstring& title) const {
+  return isOneLevel(title) ? list(keys::items(title)) : CStringArray();
+}
+
+// A link leads out of the library as much as ".." does.
+std::wstring AuxiliaryStore::directoryOf(const std::wstring& title) const {
+  const std::wstring name = isOneLevel(title) ? value(keys::group(title)) : std::wstring();
+  return isPlainName(name) && !isLink(folderPath(name)) ? name : std::wstring();
+}
+
+std::wstring AuxiliaryStore::blockOf(const std::wstring& title, const std::wstring& label) const {
+  if (!isOneLevel(title) || !isOneLevel(label)) return {};
+  const std::wstring name = value(keys::item(title, label));
+  return isPlainName(name) ? name : std::wstring();
+}
+
+std::wstring inFolder(const std::wstring& folder, const std::wstring& name) {
+  return folder.empty() || folder.back() == L'\\' ? folder + name : folder + L"\\" + name;
+}
+
+std::wstring AuxiliaryStore::folderPath(const std::wstring& directory) const {
+  return directory_ + directory;
+}
+
+std::wstring AuxiliaryStore::slidePath(const std::wstring& directory) const {
+  return inFolder(folderPath(directory), directory + L".slb");
+}
+
+std::wstring AuxiliaryStore::drawingPath(const SymbolFiles& symbol) const {
+  return inFolder(folderPath(symbol.directory), symbol.block + L".dwg");
 }
 
 bool AuxiliaryStore::chooseItem(int folder, const std::wstring& label) {
@@ -66,20 +94,18 @@ bool AuxiliaryStore::chooseItem(int folder, const std::wstring& label) {
   return chosen;
 }
 
-// A folder's index is its title's position in the list of titles.
 bool AuxiliaryStore::writeChoice(int folder, const std::wstring& label) {
   const CStringArray groups = titles();
   if (groups.IsEmpty()) return false;
-  const std::wstring group = groupKey(groups.GetAt(folder));
-  const std::wstring directory = value(group);
-  const std::wstring block = value(group + L"\\数据\\" + label);
-  if (directory.empty() || block.empty()) return false;
-  storeText(tree_, kChosenBlock, directory_ + directory + L"\\" + block + L".dwg");
-  storeNumber(tree_, kChosenType, folder);
+  const std::wstring title = groups.GetAt(folder).wide();
+  const SymbolFiles symbol{directoryOf(title), blockOf(title, label)};
+  if (symbol.directory.empty() || symbol.block.empty()) return false;
+  storeText(tree_, keys::kChosenBlock, drawingPath(symbol));
+  storeNumber(tree_, keys::kChosenType, folder);
   return true;
 }
 
 void AuxiliaryStore::close(bool largeIcons) {
-  storeText(tree_, kIconState, largeIcons ? L"1" : L"0");
+  storeText(tree_, keys::kIconState, largeIcons ? L"1" : L"0");
   tree_.WriteDataToQdpFile(path_.c_str());
 }

@@ -7,8 +7,13 @@
 //   数据\<title>\索引            labels of its items in bar order, "&" behind each
 //   数据\<title>\数据\<label>    the item's block name
 //   当前选择\块名, \类型         drawing and folder of the item clicked last
+//
+// A folder's index in the bar is its title's position in the list of titles; a bad one throws
+// CInvalidArgException*. A title or label that is no single level of a key has no values, and a
+// directory or block name that would lead out of the library's folder counts as none.
 #pragma once
 
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -24,21 +29,63 @@ int JoinNameList(std::wstring& text, const std::wstring& separator, const CStrin
 // the file can't be opened or written.
 int CreateEmptySlideLibrary(const wchar_t* path);
 
+// The name within the folder, without a second backslash between them.
+std::wstring inFolder(const std::wstring& folder, const std::wstring& name);
+
+// What became of a new name: nothing can be renamed, another entry has it, or it holds.
+enum class Renaming { nothing, taken, done };
+
+// A symbol by its files: <library>\<directory>\<block>.dwg.
+struct SymbolFiles {
+  std::wstring directory;
+  std::wstring block;
+};
+
 class AuxiliaryStore {
  public:
   // Reads the store below the system folder; a missing file is an empty library.
   AuxiliaryStore();
 
+  // --- reading ---
   // Titles of the groups that are shown, in bar order.
   std::vector<std::wstring> shownTitles() const;
+  CStringArray titles() const;
+  bool isShown(const std::wstring& title) const;
   bool largeIcons() const;
+  // Labels of a folder's items; empty for a folder that isn't there.
+  CStringArray labels(int folder) const;
+  CStringArray labelsOf(const std::wstring& title) const;
+  std::wstring directoryOf(const std::wstring& title) const;
+  std::wstring blockOf(const std::wstring& title, const std::wstring& label) const;
+  // The group's folder: for a group without directory the library's own, with its final backslash.
+  // Then the slide library and a drawing in it.
+  std::wstring folderPath(const std::wstring& directory) const;
+  std::wstring slidePath(const std::wstring& directory) const;
+  std::wstring drawingPath(const SymbolFiles& symbol) const;
 
+  // --- groups ---
+  void addGroup(const std::wstring& title);
+  void setDirectory(const std::wstring& title, const std::wstring& directory);
+  // Takes the group out of list and tree; its directory, empty when it has none.
+  std::wstring removeGroup(int folder);
+  Renaming renameGroup(int folder, const std::wstring& text);
+
+  // --- items ---
+  // Puts the label at the end of the group, with a block name of its own.
+  SymbolFiles addItem(const std::wstring& title, const std::wstring& label);
+  // Undoes addItem. An unknown label leaves the list as it is.
+  void removeItem(const std::wstring& title, const std::wstring& label);
+  // Takes the item out of the list, and out of the tree if it has a block name; its files then.
+  std::optional<SymbolFiles> takeItem(const std::wstring& title, int item);
+  Renaming renameItem(int folder, int item, const std::wstring& text);
+  // The item is to stand before the one at `target`; the count is behind the last. False when it
+  // stays where it is.
+  bool moveItem(const std::wstring& title, int source, int target);
+
+  // --- the choice, and the file ---
   // What a click on an item writes: the item's drawing and the folder index as the choice, then the
   // whole file. False when the folder or item has no names; the file is written all the same.
   bool chooseItem(int folder, const std::wstring& label);
-  // Labels of a folder's items; empty for a folder that isn't there.
-  CStringArray labels(int folder) const;
-
   // The bar's last act: the icon state, and the whole file.
   void close(bool largeIcons);
 
@@ -46,8 +93,8 @@ class AuxiliaryStore {
   const std::wstring& directory() const { return directory_; }  // with its final backslash
 
  private:
-  CStringArray titles() const;
   CStringArray list(const std::wstring& key) const;
+  void storeList(const std::wstring& key, const CStringArray& names);
   std::wstring value(const std::wstring& key) const;
   bool writeChoice(int folder, const std::wstring& label);
 

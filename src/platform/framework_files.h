@@ -4,6 +4,8 @@
 
 #include <cstdint>
 #include <cstdio>
+#include <string>
+#include <vector>
 
 #include "platform/framework_exceptions.h"
 #include "platform/framework_text.h"
@@ -70,3 +72,18 @@ class CStdioFile : public CFile {
   bool ReadString(CString& line);
   void WriteString(const wchar_t* text);  // "\n" is written as CR LF, as the files have it
 };
+
+// --- folders; links are told apart and never followed ---
+struct FolderEntry {
+  std::wstring name;
+  bool folder = false;  // false for a link to one
+};
+
+// What stands in a folder, without "." and ".."; nothing where it can't be read.
+std::vector<FolderEntry> folderEntries(const std::wstring& path);
+bool isFolder(const std::wstring& path);  // or a link to one
+bool isLink(const std::wstring& path);    // of any kind; its target may be missing
+// False when something of that name is there already, or the folder can't be made.
+bool makeFolder(const std::wstring& path);
+// Removes a file, an empty folder or a link itself. False when it stays.
+bool removeEntry(const std::wstring& path);

@@ -1,0 +1,25 @@
+#include "auxiliary/directory_tree.h"
+
+#include "auxiliary/new_names.h"
+#include "platform/framework_files.h"
+
+void DeleteDirectoryTree(const std::wstring& path) {
+  if (!isLink(path)) {
+    for (const FolderEntry& entry : folderEntries(path)) {
+      const std::wstring inside = path + L"\\" + entry.name;
+      if (entry.folder) {
+        DeleteDirectoryTree(inside);
+      } else {
+        removeEntry(inside);
+      }
+    }
+  }
+  removeEntry(path);
+}
+
+// A folder counts as taken also when it is empty: a search in it finds ".".
+std::wstring newGroupDirectory(const std::wstring& library) {
+  int number = 1;
+  while (isFolder(library + groupDirectory(number))) ++number;
+  return groupDirectory(number);
+}

@@ -1,0 +1,54 @@
+#include "auxiliary/new_names.h"
+
+#include <algorithm>
+
+#include "platform/framework_runtime.h"
+#include "platform/framework_text.h"
+
+namespace {
+
+bool isTaken(const std::wstring& name, const NameList& taken) {
+  return std::any_of(taken.begin(), taken.end(), [&](const std::wstring& other) {
+    return equalWithoutCase(std::wstring_view(name), std::wstring_view(other));
+  });
+}
+
+std::wstring zeroFilled(const wchar_t* format, int number) {
+  CString text;
+  text.Format(format, number);
+  return text.wide();
+}
+
+// The first of name(1), name(2), ... that isn't taken.
+template <typename Name>
+std::wstring firstFree(const NameList& taken, Name name) {
+  int number = 1;
+  while (isTaken(name(number), taken)) ++number;
+  return name(number);
+}
+
+}  // namespace
+
+std::wstring newGroupTitle(const NameList& taken) {
+  const std::wstring title = L"新建图库组";
+  if (!isTaken(title, taken)) return title;
+  return firstFree(taken, [&](int number) { return title + std::to_wstring(number); });
+}
+
+std::wstring groupDirectory(int number) { return L"fzgn" + zeroFilled(L"%04d", number); }
+
+std::wstring newItemLabel(const std::wstring& title, const NameList& taken) {
+  return firstFree(taken, [&](int number) { return title + L"-" + std::to_wstring(number); });
+}
+
+std::wstring newBlockName(const std::wstring& directory, const NameList& taken) {
+  const std::wstring stem = L"FG" + CString(directory).Right(3).wide();
+  return firstFree(taken, [&](int number) { return stem + zeroFilled(L"%03d", number); });
+}
+
+bool isPlainName(const std::wstring& name) {
+  if (name.find_first_of(std::wstring(L"\\/:*?\"<>|") + L'\0') != name.npos) return false;
+  return name.find_last_not_of(L". ") + 1 == name.size() && !name.empty();
+}
+
+bool isOneLevel(const std::wstring& name) { return !name.empty() && name.find(L'\\') == name.npos; }
