@@ -1,0 +1,290 @@
+// Adding, renaming, moving and deleting items of the open folder.
+#include "auxiliary/library_fixture.h"
+
+namespace {
+
+using namespace auxiliary_test;
+namespace fs = std::filesystem;
+
+class Items : public LibraryFixture {
+ protected:
+  std::wstring list() { return value(L"数据\\仪表\\索引"); }
+};
+
+// --- keys of a new item ---
+
+TEST_F(Items, NewOneIsNamedAfterItsGroupAndDirectory) {
+  const NewItem item = loaded().NewItemKeys();
+  EXPECT_EQ(item.label, L"仪表-4");
+  EXPECT_EQ(item.block, L"FG001004");
+  EXPECT_EQ(item.directory, L"fzgn0001");
+  EXPECT_EQ(item.folderPath, libraryFolder() + L"fzgn0001");
+  EXPECT_EQ(list(), L"仪表-1&仪表-2&仪表-3&仪表-4&");
+  EXPECT_EQ(value(L"数据\\仪表\\数据\\仪表-4"), L"FG001004");
+  EXPECT_EQ(bar_.itemCount(0), 3);  // it enters the bar with its icon
+}
+
+TEST_F(Items, NewBlockNameFillsAGapWithoutCase) {
+  put(L"数据\\仪表\\数据\\仪表-1", L"fg001002");
+  put(L"数据\\仪表\\数据\\仪表-2", L"fg001001");
+  put(L"数据\\仪表\\数据\\仪表-3", L"");
+  EXPECT_EQ(loaded().NewItemKeys().block, L"FG001003");
+}
+
+TEST_F(Items, FirstOneOfAGroup) {
+  loaded();
+  bar_.selectFolder(2);
+  EXPECT_EQ(library().NewItemKeys().label, L"接地-1");
+  EXPECT_EQ(value(L"数据\\接地\\索引"), L"接地-1&");
+}
+
+TEST_F(Items, NewOneOfAGroupWithoutDirectoryLiesInTheLibrarysOwnFolder) {
+  put(L"数据\\仪表", L"");
+  const NewItem item = loaded().NewItemKeys();
+  EXPECT_EQ(item.folderPath, libraryFolder());
+  EXPECT_EQ(item.directory, L"");
+  EXPECT_EQ(item.block, L"FG001");
+}
+
+TEST_F(Items, NewOneIsNeverPutWhereADamagedDirectoryLeads) {
+  put(L"数据\\仪表", L"..\\..");
+  EXPECT_EQ(loaded().NewItemKeys().folderPath, libraryFolder());
+}
+
+TEST_F(Items, RemovingKeysUndoesNewOnes) {
+  const NewItem item = loaded().NewItemKeys();
+  library().RemoveItemKeys(item.label);
+  EXPECT_EQ(list(), L"仪表-1&仪表-2&仪表-3&");
+  EXPECT_EQ(value(L"数据\\仪表\\数据\\仪表-4"), L"(none)");
+}
+
+TEST_F(Items, RemovingKeysOfAnUnknownLabelKeepsTheList) {
+  loaded().RemoveItemKeys(L"仪表-9");
+  EXPECT_EQ(list(), L"仪表-1&仪表-2&仪表-3&");
+  library().RemoveItemKeys(L"");
+  EXPECT_EQ(value(L"数据\\仪表\\数据\\仪表-1"), L"FG001001");
+}
+
+TEST_F(Items, RemovingTheLastKeysLeavesAnEmptyText) {
+  loaded();
+  bar_.selectFolder(2);
+  library().RemoveItemKeys(library().NewItemKeys().label);
+  const CQuillDpNode* node = library().store().tree().GetSubValueFromPathW(0, L"数据\\接地\\索引");
+  ASSERT_NE(node, nullptr);
+  EXPECT_EQ(node->length, 1);
+  EXPECT_TRUE(library().store().labels(2).IsEmpty());
+}
+
+// --- the new item in the bar ---
+
+TEST_F(Items, ImageOfANewItemIsItsPlaceInTheLargeList) {
+  loaded().RemoveItem(0);  // its image stays in the list
+  bar_.log.clear();
+  addSlide(libraryFolder() + L"fzgn0001\\fzgn0001.slb", L"FG001009");
+  library().AddItemImage(libraryFolder() + L"fzgn0001\\fzgn0001.slb", L"FG001009", L"new");
+  EXPECT_EQ(bar_.labels(0), (Names{L"仪表-2", L"仪表-3", L"new"}));
+  EXPECT_EQ(bar_.image(0, 2), 3);
+  EXPECT_EQ(bar_.iconCount(0), 4);
+  EXPECT_EQ(bar_.log, Log{L"all"});
+}
+
+TEST_F(Items, FirstOneMakesTheIconListsAndTheSecondFindsThem) {
+  loaded();
+  bar_.selectFolder(2);
+  const std::wstring slides = libraryFolder() + L"fzgn0003\\fzgn0003.slb";
+  for (const wchar_t* block : {L"FG003001", L"FG003002"}) {
+    addSlide(slides, block);
+    library().AddItemImage(slides, block, block);
+  }
+  EXPECT_EQ(bar_.image(2, 0), 0);
+  EXPECT_EQ(bar_.image(2, 1), 1);
+  EXPECT_EQ(bar_.iconCount(2), 2);
+}
+
+TEST_F(Items, SlideThatIsMissingGivesAnItemWithoutImage) {
+  loaded().AddItemImage(libraryFolder() + L"fzgn0001\\fzgn0001.slb", L"no such", L"new");
+  EXPECT_EQ(bar_.image(0, 3), -1);
+}
+
+// --- deleting ---
+
+TEST_F(Items, DeletingAsksAndTakesKeysDrawingAndSlide) {
+  loaded().RemoveItem(1);
+  EXPECT_EQ(bar_.log,
+            (Log{L"辅助功能删除|确定要删除\"仪表-2\"图库项吗?|33", L"remove item 1", L"items"}));
+  EXPECT_EQ(bar_.labels(0), (Names{L"仪表-1", L"仪表-3"}));
+  EXPECT_EQ(list(), L"仪表-1&仪表-3&");
+  EXPECT_EQ(value(L"数据\\仪表\\数据\\仪表-2"), L"(none)");
+  EXPECT_FALSE(exists("fzgn0001/FG001002.dwg"));
+  EXPECT_FALSE(hasSlide(L"fzgn0001", L"FG001002"));
+  EXPECT_TRUE(hasSlide(L"fzgn0001", L"FG001003"));
+  EXPECT_TRUE(exists("fzgn0001/FG001003.dwg"));
+  EXPECT_EQ(bar_.image(0, 1), 2);  // as before
+}
+
+TEST_F(Items, CancelledDeletingLeavesAll) {
+  bar_.answer = kMessageAnswerCancel;
+  loaded().RemoveItem(1);
+  EXPECT_EQ(bar_.itemCount(0), 3);
+  EXPECT_TRUE(exists("fzgn0001/FG001002.dwg"));
+}
+
+TEST_F(Items, DeletingOneWithoutDrawingGoesOn) {
+  fs::remove(file("fzgn0001/FG001002.dwg"));
+  loaded().RemoveItem(1);
+  EXPECT_EQ(list(), L"仪表-1&仪表-3&");
+  EXPECT_FALSE(hasSlide(L"fzgn0001", L"FG001002"));
+}
+
+TEST_F(Items, DeletingOneWhoseFolderIsGoneTakesItsKeys) {
+  fs::remove_all(file("fzgn0001"));
+  loaded().RemoveItem(1);
+  EXPECT_EQ(list(), L"仪表-1&仪表-3&");
+  EXPECT_FALSE(exists("fzgn0001"));
+}
+
+TEST_F(Items, DeletingInAGroupWithoutDirectoryTakesItFromTheBarAlone) {
+  put(L"数据\\仪表", L"");
+  loaded().RemoveItem(1);
+  EXPECT_EQ(bar_.itemCount(0), 2);
+  EXPECT_EQ(list(), L"仪表-1&仪表-2&仪表-3&");
+}
+
+TEST_F(Items, DeletingOneWithoutBlockNameTakesItFromTheListAlone) {
+  put(L"数据\\仪表\\数据\\仪表-2", L"");
+  loaded().RemoveItem(1);
+  EXPECT_EQ(list(), L"仪表-1&仪表-3&");
+  EXPECT_TRUE(exists("fzgn0001/FG001002.dwg"));
+}
+
+TEST_F(Items, BlockNamesThatLeadElsewhereDeleteNothing) {
+  for (const wchar_t* block : {L"..\\fzgn0002\\FG002001", L"..", L"../fzgn0002/FG002001"}) {
+    put(L"数据\\仪表\\数据\\仪表-2", block);
+    put(L"数据\\仪表\\索引", L"仪表-1&仪表-2&仪表-3&");
+    NotingBar bar;
+    AuxiliaryLibrary library(bar);
+    library.LoadStore();
+    library.RemoveItem(1);
+    EXPECT_EQ(bar.itemCount(0), 2);
+  }
+  EXPECT_TRUE(exists("fzgn0002/FG002001.dwg"));
+}
+
+TEST_F(Items, DamagedSlideLibraryIsKeptAside) {
+  test::writeBytes(file("fzgn0001/fzgn0001.slb"), "nothing of that kind");
+  loaded().RemoveItem(1);
+  EXPECT_EQ(test::bytesOf(file("fzgn0001/fzgn0001.slb.damaged-1")), "nothing of that kind");
+}
+
+TEST_F(Items, StaleIndexRaisesBeforeAnyQuestion) {
+  loaded();
+  test::expectInvalidArgument([&] { library().RemoveItem(3); });
+  test::expectInvalidArgument([&] { library().RemoveItem(-1); });
+  EXPECT_EQ(bar_.log, Log{});
+}
+
+// --- renaming ---
+
+TEST_F(Items, RenamingKeepsTheBlockName) {
+  loaded().itemRenamed(1, L"Lamp");
+  EXPECT_EQ(bar_.labels(0), (Names{L"仪表-1", L"Lamp", L"仪表-3"}));
+  EXPECT_EQ(list(), L"仪表-1&Lamp&仪表-3&");
+  EXPECT_EQ(value(L"数据\\仪表\\数据\\Lamp"), L"FG001002");
+  EXPECT_EQ(value(L"数据\\仪表\\数据\\仪表-2"), L"(none)");
+  EXPECT_EQ(bar_.log, Log{L"items"});
+}
+
+TEST_F(Items, LabelOfAnotherItemIsRefused) {
+  loaded().itemRenamed(1, L"仪表-3");
+  EXPECT_EQ(bar_.log, (Log{L"已有此名的符号!", L"items"}));
+  EXPECT_EQ(list(), L"仪表-1&仪表-2&仪表-3&");
+}
+
+TEST_F(Items, RenamingToItsOwnLabelChangesNothing) {
+  loaded().itemRenamed(1, L"仪表-2");
+  EXPECT_EQ(list(), L"仪表-1&仪表-2&仪表-3&");
+  EXPECT_EQ(value(L"数据\\仪表\\数据\\仪表-2"), L"FG001002");
+}
+
+TEST_F(Items, LabelsMayDifferInCaseAlone) {
+  loaded().itemRenamed(0, L"Lamp");
+  library().itemRenamed(1, L"LAMP");
+  EXPECT_EQ(list(), L"Lamp&LAMP&仪表-3&");
+}
+
+TEST_F(Items, RenamingInAGroupWithoutListChangesNothing) {
+  loaded();
+  bar_.selectFolder(2);
+  bar_.log.clear();
+  library().itemRenamed(0, L"x");
+  EXPECT_EQ(bar_.log, Log{L"items"});
+}
+
+// The tree can't hold such a name and keeps the old one; a click finds no block any more.
+TEST_F(Items, LabelWithABackslashLosesItsBlockButNoFile) {
+  loaded().itemRenamed(1, L"a\\b");
+  EXPECT_EQ(list(), L"仪表-1&a\\b&仪表-3&");
+  library().itemClicked(1);
+  EXPECT_EQ(inFile(L"当前选择\\块名"), L"(none)");
+  library().RemoveItem(1);
+  EXPECT_EQ(list(), L"仪表-1&仪表-3&");
+  EXPECT_TRUE(exists("fzgn0001/FG001002.dwg"));
+}
+
+TEST_F(Items, LabelWithASeparatorIsSplitAtTheNextReading) {
+  loaded().itemRenamed(2, L"a&b");
+  library().close();
+  NotingBar again;
+  AuxiliaryLibrary(again).LoadStore();
+  EXPECT_EQ(again.labels(0), (Names{L"仪表-1", L"仪表-2", L"a", L"b"}));
+}
+
+TEST_F(Items, LongAndBlankLabelsAndLineBreaksSurvive) {
+  const std::wstring longLabel(300, L'长');
+  loaded().itemRenamed(0, longLabel);
+  library().itemRenamed(1, L"  ");
+  library().itemRenamed(2, L"two\r\nlines");
+  library().close();
+  NotingBar again;
+  AuxiliaryLibrary(again).LoadStore();
+  EXPECT_EQ(again.labels(0), (Names{longLabel, L"  ", L"two\r\nlines"}));
+  EXPECT_EQ(again.iconCount(0), 3);
+}
+
+// --- moving ---
+
+TEST_F(Items, MovingToItsOwnGapsIsRefused) {
+  EXPECT_FALSE(loaded().itemMoved(1, 1));
+  EXPECT_FALSE(library().itemMoved(1, 2));
+  EXPECT_EQ(list(), L"仪表-1&仪表-2&仪表-3&");
+}
+
+TEST_F(Items, MovingDownStandsBeforeTheTarget) {
+  EXPECT_TRUE(loaded().itemMoved(0, 2));
+  EXPECT_EQ(list(), L"仪表-2&仪表-1&仪表-3&");
+}
+
+TEST_F(Items, MovingToTheCountStandsLast) {
+  EXPECT_TRUE(loaded().itemMoved(0, 3));
+  EXPECT_EQ(list(), L"仪表-2&仪表-3&仪表-1&");
+}
+
+TEST_F(Items, MovingUp) {
+  EXPECT_TRUE(loaded().itemMoved(2, 0));
+  EXPECT_EQ(list(), L"仪表-3&仪表-1&仪表-2&");
+}
+
+TEST_F(Items, MovingInAnEmptyGroupIsRefused) {
+  loaded();
+  bar_.selectFolder(2);
+  EXPECT_FALSE(library().itemMoved(2, 0));
+}
+
+TEST_F(Items, MovingAStaleIndexRaises) {
+  loaded();
+  test::expectInvalidArgument([&] { library().itemMoved(7, 0); });
+  test::expectInvalidArgument([&] { library().itemMoved(2, -1); });
+  EXPECT_EQ(list(), L"仪表-1&仪表-2&仪表-3&");
+}
+
+}  // namespace
