@@ -7,6 +7,8 @@
 #include "platform/acad_module.h"
 #include "store/library_store.h"
 
+class AuxiliaryLibrary;
+
 // Made on the heap, it sets the module's pointer when made by makeLibraryWindow. DestroyWindow ends
 // it: the stores write their files, the pointer is cleared, the object deletes itself.
 class LibraryWindow {
@@ -16,6 +18,8 @@ class LibraryWindow {
 
   virtual CZhlkLibStore& Store() = 0;
   virtual int GetFolderCount() = 0;  // folders of the auxiliary bar
+  // What stands behind the bar; null while no symbol can be added to it.
+  virtual AuxiliaryLibrary* Auxiliary() { return nullptr; }
 
   // The window calls, with the system's meaning; show commands are those below.
   virtual bool IsVisible() const = 0;

@@ -1,13 +1,21 @@
-// The windowless library's end and its bar.
+// The windowless library's bar, its clicks and its end.
 #include "library_window/windowless_library.h"
 
 #include "module/module_state.h"
+#include "platform/framework_exceptions.h"
+#include "platform/framework_messages.h"
 
-WindowlessLibrary::~WindowlessLibrary() { auxiliary_.close(auxiliary_.largeIcons()); }
-
-int WindowlessLibrary::GetFolderCount() {
-  return static_cast<int>(auxiliary_.shownTitles().size());
+// A store that a bad index stops on has shown what it could by then.
+WindowlessLibrary::WindowlessLibrary() {
+  try {
+    auxiliary_.LoadStore();
+  } catch (CException* exception) {
+    showMessageBox({.text = exception->Message()});
+    exception->Delete();
+  }
 }
+
+WindowlessLibrary::~WindowlessLibrary() { auxiliary_.close(); }
 
 bool WindowlessLibrary::DestroyWindow() {
   if (libraryWindow() == this) setLibraryWindow(nullptr);
@@ -16,7 +24,8 @@ bool WindowlessLibrary::DestroyWindow() {
 }
 
 bool WindowlessLibrary::ChooseItem(int folder, int item) {
-  const CStringArray labels = auxiliary_.labels(folder);
+  AuxiliaryStore& store = auxiliary_.store();
+  const CStringArray labels = store.labels(folder);
   if (item < 0 || item >= labels.GetSize()) return false;
-  return auxiliary_.chooseItem(folder, labels.GetAt(item).wide());
+  return store.chooseItem(folder, labels.GetAt(item).wide());
 }

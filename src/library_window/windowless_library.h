@@ -2,15 +2,17 @@
 // but a flag. It leaves the stored window geometry alone.
 #pragma once
 
-#include "auxiliary/auxiliary_store.h"
+#include "auxiliary/auxiliary_library.h"
+#include "controls/windowless_bar.h"
 #include "library_window/library_window.h"
 
 class WindowlessLibrary : public LibraryWindow {
  public:
-  WindowlessLibrary() = default;
+  WindowlessLibrary();
 
   CZhlkLibStore& Store() override { return store_; }
-  int GetFolderCount() override;
+  int GetFolderCount() override { return bar_.folderCount(); }
+  AuxiliaryLibrary* Auxiliary() override { return &auxiliary_; }
 
   bool IsVisible() const override { return visible_; }
   bool IsMinimised() const override { return false; }
@@ -25,6 +27,7 @@ class WindowlessLibrary : public LibraryWindow {
   ~WindowlessLibrary() override;
 
   CZhlkLibStore store_;
-  AuxiliaryStore auxiliary_;
+  WindowlessBar bar_;
+  AuxiliaryLibrary auxiliary_{bar_};
   bool visible_ = false;
 };

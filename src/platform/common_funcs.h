@@ -32,6 +32,11 @@ void unlockDoc();
 int GetPoint(const AcGePoint2d* base, const wchar_t* prompt, int flags, AcGePoint2d& point,
              wchar_t* keyword);
 
+// Asks once for an entity that passes the filter (as for acedSSGet). RTNORM with its name and the
+// point where it was picked, (0, 0, 0) if it was named otherwise; RTCAN; RTERROR on Enter and when
+// nothing was hit, which the variable ERRNO tells apart: 52 and 7.
+int Xentsl(const wchar_t* prompt, const resbuf* filter, ads_name entity, ads_point point);
+
 // --- geometry ---
 // The point at that distance in that direction, in radians; z stays.
 AcGePoint3d arx_polar(const AcGePoint3d& from, double angle, double distance);

@@ -58,6 +58,13 @@ struct Answer {
   AcGePoint2d point;
 };
 
+// What a pick answers: a result, the entity of RTNORM, and errno of RTERROR.
+struct Pick {
+  int result;
+  Thing* entity = nullptr;
+  std::int16_t error = 0;
+};
+
 struct RecordingHost {
   RecordingHost();
 
@@ -74,9 +81,11 @@ struct RecordingHost {
   void* mdiAware = nullptr;
   std::vector<std::wstring> messages;  // of SendMsgToAcad
   int documentLocks = 0;
+  std::vector<std::wstring> drawings;  // of other drawings: "wblock A", "save PATH 23", ...
 
   // --- what it answers ---
   std::deque<Answer> answers;  // then cancel
+  std::deque<Pick> picks;      // then cancel
   std::vector<Link> lispArguments;
   int functionCode = 0;
   double printScale = 1;

@@ -18,7 +18,9 @@ std::vector<std::vector<Thing*>>& selectionSets();
 // --- value chains ---
 
 namespace {
-bool holdsText(int type) { return type == RTSTR || (type >= 1000 && type <= 1005); }
+bool holdsText(int type) {
+  return type == RTSTR || type == RTDXF0 || (type >= 1000 && type <= 1005);
+}
 }  // namespace
 
 wchar_t* acutNewString(const wchar_t* text) {

@@ -46,6 +46,9 @@ class DisplayList {
 
   // The picture of what stands in model space.
   static DisplayList of(const Database& database, const DisplayOptions& options = {});
+  // The picture of one of its entities alone.
+  static DisplayList of(const Database& database, const Entity& entity,
+                        const DisplayOptions& options = {});
 
   const std::vector<Item>& items() const { return items_; }
   std::span<const Point2> points(const Item& item) const {

@@ -65,6 +65,10 @@ class ListBuilder {
     showBlock(database_.modelSpace(), {});
     return std::move(list_);
   }
+  DisplayList run(const Entity& entity) {
+    showEntity(entity, {});
+    return std::move(list_);
+  }
 
  private:
   // --- what holds for all entities
@@ -323,6 +327,11 @@ class ListBuilder {
 
 DisplayList DisplayList::of(const Database& database, const DisplayOptions& options) {
   return ListBuilder(database, options).run();
+}
+
+DisplayList DisplayList::of(const Database& database, const Entity& entity,
+                            const DisplayOptions& options) {
+  return ListBuilder(database, options).run(entity);
 }
 
 }  // namespace drafting

@@ -7,6 +7,7 @@
 #include <unordered_map>
 
 #include "embedded/base/text.h"
+#include "embedded/drafting/commands/selection_filter.h"
 #include "embedded/drafting/documents/session.h"
 #include "platform/acad.h"
 
@@ -68,6 +69,9 @@ inline void setName(ads_name name, std::uint64_t value, std::intptr_t mark) {
 inline Handle entityOf(const ads_name name) {
   return name[1] == kEntityMark ? static_cast<Handle>(name[0]) : 0;
 }
+
+// A filter as modules build it: groups 0 and 8, and 1001 behind a -3.
+SelectionFilter filterOf(const resbuf* link);
 
 // Copies at most kAcadTextLimit - 1 characters and closes the text.
 void copyText(wchar_t* buffer, std::string_view utf8);

@@ -6,28 +6,27 @@ using drafting::Session;
 
 namespace {
 
-drafting::SelectionFilter filterOf(const resbuf* link) {
-  drafting::SelectionFilter filter;
-  for (; link; link = link->rbnext) {
-    if (link->restype == 0 || link->restype == RTDXF0)
-      filter.type = drafting::utf8(link->resval.rstring);
-    if (link->restype == 8) filter.layer = drafting::utf8(link->resval.rstring);
-    if (link->restype == 1001) filter.app = drafting::utf8(link->resval.rstring);
-  }
-  return filter;
-}
-
 const drafting::Selection* setOf(const ads_name set) {
   return set[1] == drafting::kSelectionMark ? Session::active().selection(set[0]) : nullptr;
 }
 
 }  // namespace
 
+drafting::SelectionFilter drafting::filterOf(const resbuf* link) {
+  SelectionFilter filter;
+  for (; link; link = link->rbnext) {
+    if (link->restype == 0 || link->restype == RTDXF0) filter.type = utf8(link->resval.rstring);
+    if (link->restype == 8) filter.layer = utf8(link->resval.rstring);
+    if (link->restype == 1001) filter.app = utf8(link->resval.rstring);
+  }
+  return filter;
+}
+
 int acedSSGet(const wchar_t* mode, const void*, const void*, const resbuf* filter, ads_name set) {
   Session& session = Session::active();
   drafting::setName(set, 0, 0);
   if (session.faults.fails("acedSSGet") || drafting::utf8(mode) != "X") return RTERROR;
-  drafting::Selection found = drafting::selectAll(session.database(), filterOf(filter));
+  drafting::Selection found = drafting::selectAll(session.database(), drafting::filterOf(filter));
   if (found.empty()) return RTERROR;
   drafting::setName(set, static_cast<std::uint64_t>(session.keepSelection(std::move(found))),
                     drafting::kSelectionMark);
