@@ -17,6 +17,7 @@ using Texts = std::vector<std::wstring>;
 const wchar_t* const kNoCircuit = L"\n没有绘制主回路,无法使用辅助功能。";
 const wchar_t* const kPoint = L"[F N] \n请输入回路插入点<回车结束>: (blips)";
 const wchar_t* const kFirst = L"[S F N] \n绘制回路S<回车返回>:";
+const wchar_t* const kPick = L"5020=INSERT\n请选择要增加的图块<回车返回>:";
 const wchar_t* const kNext = L"[S F N] \n连续绘制回路S<回车返回>:";
 
 Answer point(double x, double y) { return {RTNORM, L"", {x, y}}; }
@@ -271,10 +272,43 @@ TEST_F(PlacingCommandTest, OddAnswerAtTheKeywordPromptGoesBackToThePoint) {
   EXPECT_EQ(host().prompts, (Texts{kPoint, kFirst, kPoint}));
 }
 
-TEST_F(PlacingCommandTest, KeywordNReportsAndStays) {
+TEST_F(PlacingCommandTest, KeywordNAsksForABlockAndStaysWithoutOne) {
+  host().picks = {{RTERROR, nullptr, 52}, {RTERROR, nullptr, 52}};
   run({keyAtPoint(L"N"), point(0, 0), key(L"n"), enterAtKeyword(), enterAtPoint()});
-  EXPECT_EQ(host().prompts, (Texts{kPoint, kPoint, kFirst, kFirst, kPoint}));
-  EXPECT_EQ(takeTranscript(), L"\n尚不能从图中增加辅助图块.\n尚不能从图中增加辅助图块.");
+  EXPECT_EQ(host().prompts, (Texts{kPoint, kPick, kPoint, kFirst, kPick, kFirst, kPoint}));
+}
+
+TEST_F(PlacingCommandTest, CancelledPickEndsTheCommand) {
+  run({point(0, 0), key(L"N"), enterAtKeyword()});
+  EXPECT_EQ(host().prompts, (Texts{kPoint, kFirst, kPick}));
+}
+
+// A library window that shows nothing and takes no symbols.
+class BareWindow : public LibraryWindow {
+ public:
+  ~BareWindow() override = default;
+  CZhlkLibStore& Store() override { return store_; }
+  int GetFolderCount() override { return 0; }
+  bool IsVisible() const override { return true; }
+  bool IsMinimised() const override { return false; }
+  void ShowWindow(int) override {}
+  void UpdateWindow() override {}
+  bool DestroyWindow() override { return false; }
+  void SelectSlot(int) override {}
+  bool ChooseItem(int, int) override { return false; }
+
+ private:
+  CZhlkLibStore store_;
+};
+
+TEST_F(PlacingCommandTest, KeywordNReportsALibraryThatTakesNoSymbols) {
+  LibraryWindow* const real = libraryWindow();
+  BareWindow bare;
+  setLibraryWindow(&bare);
+  run({keyAtPoint(L"N"), enterAtPoint()});
+  setLibraryWindow(real);
+  EXPECT_EQ(host().prompts, (Texts{kPoint, kPoint}));
+  EXPECT_EQ(takeTranscript(), L"\n尚不能从图中增加辅助图块.");
 }
 
 TEST_F(PlacingCommandTest, CommandRunsThroughTheLispFunction) {

@@ -7,13 +7,12 @@ namespace {
 
 class EntityPick : public test::SessionFixture {
  protected:
-  // A circle and two references of a block that is a horizontal line of length 10.
+  // A line, a circle, and two references of a block that is a horizontal line of length 10.
   EntityPick() {
-    test::writeBytes(folder / "unused", "");
-    type("LINE 0,0 10,0\n\n");
-    type("WBLOCK " + pathOf("bar.dwg") + "\n\n0,0\nL\n\n");
-    type("INSERT " + pathOf("bar.dwg") + "\n0,50\n1\n1\n0\n");
-    type("INSERT " + pathOf("bar.dwg") + "\n0,80\n1\n1\n0\n");
+    const std::string bar = pathOf("bar.dwg");
+    type("LINE 0,0 10,0\n\nSAVEAS " + bar + "\n");
+    type("INSERT " + bar + "\n0,50\n1\n1\n0\n");
+    type("INSERT " + bar + "\n0,80\n1\n1\n0\n");
     type("CIRCLE 50,50 5\n");
     takePrinted();
   }
