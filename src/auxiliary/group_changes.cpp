@@ -21,7 +21,7 @@ void AuxiliaryStore::setDirectory(const std::wstring& title, const std::wstring&
 std::wstring AuxiliaryStore::removeGroup(int folder) {
   CStringArray all = titles();
   const std::wstring title = all.GetAt(folder).wide();
-  const std::wstring directory = directoryOf(title);
+  std::wstring directory = directoryOf(title);
   if (isOneLevel(title)) tree_.DeleteSubKeyW(keys::group(title).c_str());
   all.RemoveAt(folder);
   storeList(keys::kIndex, all);

@@ -30,7 +30,7 @@ std::wstring firstFree(const NameList& taken, Name name) {
 }  // namespace
 
 std::wstring newGroupTitle(const NameList& taken) {
-  const std::wstring title = L"新建图库组";
+  std::wstring title = L"新建图库组";
   if (!isTaken(title, taken)) return title;
   return firstFree(taken, [&](int number) { return title + std::to_wstring(number); });
 }

@@ -230,6 +230,13 @@ TEST_F(Groups, RenamingWithAnEmptyListChangesNothing) {
   EXPECT_EQ(bar_.log, Log{L"header 0"});
 }
 
+TEST_F(Groups, RenamingAStaleIndexRaises) {
+  loaded();
+  test::expectInvalidArgument([&] { library().folderRenamed(3, L"x"); });
+  test::expectInvalidArgument([&] { library().folderRenamed(-1, L"x"); });
+  EXPECT_EQ(value(L"索引"), L"仪表&信号&接地&");
+}
+
 TEST_F(Groups, LongAndBlankTitlesAndLineBreaksSurvive) {
   const std::wstring longTitle(300, L'长');
   loaded().folderRenamed(0, longTitle);

@@ -1,5 +1,6 @@
 // Adding, renaming, moving and deleting items of the open folder.
 #include "auxiliary/library_fixture.h"
+#include "embedded/base/files.h"
 
 namespace {
 
@@ -176,6 +177,24 @@ TEST_F(Items, DamagedSlideLibraryIsKeptAside) {
   EXPECT_EQ(test::bytesOf(file("fzgn0001/fzgn0001.slb.damaged-1")), "nothing of that kind");
 }
 
+TEST_F(Items, DeletingOneWhoseDrawingStaysTakesItsKeys) {
+  fs::remove(file("fzgn0001/FG001002.dwg"));
+  fs::create_directories(file("fzgn0001/FG001002.dwg/in the way"));
+  loaded().RemoveItem(1);
+  EXPECT_EQ(list(), L"仪表-1&仪表-3&");
+  EXPECT_TRUE(exists("fzgn0001/FG001002.dwg/in the way"));
+}
+
+TEST_F(Items, DeletingOnAFullDiskTakesKeysAndDrawing) {
+  loaded();
+  base::setSaveHook([](base::SaveStep) { return base::Status::failure("no space left"); });
+  library().RemoveItem(1);
+  base::setSaveHook(nullptr);
+  EXPECT_EQ(list(), L"仪表-1&仪表-3&");
+  EXPECT_FALSE(exists("fzgn0001/FG001002.dwg"));
+  EXPECT_TRUE(hasSlide(L"fzgn0001", L"FG001002"));
+}
+
 TEST_F(Items, StaleIndexRaisesBeforeAnyQuestion) {
   loaded();
   test::expectInvalidArgument([&] { library().RemoveItem(3); });
@@ -218,6 +237,15 @@ TEST_F(Items, RenamingInAGroupWithoutListChangesNothing) {
   bar_.log.clear();
   library().itemRenamed(0, L"x");
   EXPECT_EQ(bar_.log, Log{L"items"});
+}
+
+TEST_F(Items, RenamingAStaleIndexRaises) {
+  loaded();
+  test::expectInvalidArgument([&] { library().itemRenamed(3, L"x"); });
+  bar_.addFolder(L"nowhere", 3);
+  bar_.selectFolder(3);
+  test::expectInvalidArgument([&] { library().itemRenamed(0, L"x"); });
+  EXPECT_EQ(list(), L"仪表-1&仪表-2&仪表-3&");
 }
 
 // The tree can't hold such a name and keeps the old one; a click finds no block any more.

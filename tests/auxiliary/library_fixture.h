@@ -73,11 +73,12 @@ class LibraryFixture : public testing::Test {
  protected:
   LibraryFixture() {
     test::resetHost();
-    putGroup(L"仪表", L"fzgn0001",
+    addGroup(L"仪表", L"fzgn0001",
              {{L"仪表-1", L"FG001001"}, {L"仪表-2", L"FG001002"}, {L"仪表-3", L"FG001003"}});
-    putGroup(L"信号", L"fzgn0002", {{L"灯", L"FG002001"}});
-    putGroup(L"接地", L"fzgn0003", {});
-    put(L"索引", L"仪表&信号&接地&");
+    addGroup(L"信号", L"fzgn0002", {{L"灯", L"FG002001"}});
+    addGroup(L"接地", L"fzgn0003", {});
+    values_.emplace_back(L"索引", L"仪表&信号&接地&");
+    putAll(values_);
   }
 
   std::filesystem::path file(const std::string& name) const { return install_.library() / name; }
@@ -87,31 +88,16 @@ class LibraryFixture : public testing::Test {
   }
   std::wstring storePath() const { return test::Install::wide(file("zhlFzgn.qdp")); }
 
-  void put(const std::wstring& key, const std::wstring& text) {
+  using Values = std::vector<std::pair<std::wstring, std::wstring>>;
+  void putAll(const Values& values) {
     CQuillDpData tree;
     tree.ReadDataFromQdpFile(storePath().c_str());
-    tree.SetSubValueW(key.c_str(), static_cast<std::int16_t>(text.size() + 1), text.c_str(), 0);
+    for (const auto& [key, text] : values) {
+      tree.SetSubValueW(key.c_str(), static_cast<std::int16_t>(text.size() + 1), text.c_str(), 0);
+    }
     tree.WriteDataToQdpFile(storePath().c_str());
   }
-  using Items = std::vector<std::pair<std::wstring, std::wstring>>;
-  // The group's keys, its folder, and drawing and slide of each item.
-  void putGroup(const std::wstring& title, const std::wstring& directory, const Items& items) {
-    const std::wstring group = L"数据\\" + title;
-    put(group + L"\\类型", L"0");
-    put(group, directory);
-    const std::filesystem::path folder = install_.library() / directory;
-    std::filesystem::create_directory(folder);
-    const std::wstring slides = test::Install::wide(folder / (directory + L".slb"));
-    CreateEmptySlideLibrary(slides.c_str());
-    std::wstring labels;
-    for (const auto& [label, block] : items) {
-      labels += label + L"&";
-      put(group + L"\\数据\\" + label, block);
-      test::writeBytes(folder / (block + L".dwg"), "a drawing");
-      addSlide(slides, block);
-    }
-    if (!items.empty()) put(group + L"\\索引", labels);
-  }
+  void put(const std::wstring& key, const std::wstring& text) { putAll({{key, text}}); }
   static void addSlide(const std::wstring& path, const std::wstring& name) {
     CSlbMan slides;
     slides.OnOpenDocument(path.c_str());
@@ -150,6 +136,32 @@ class LibraryFixture : public testing::Test {
   test::Install install_;
   NotingBar bar_;
   std::optional<AuxiliaryLibrary> library_;
+
+ private:
+  // The group's values, its folder, and a drawing and a slide of each item (label, block name).
+  void addGroup(const std::wstring& title, const std::wstring& directory, const Values& items) {
+    const std::wstring group = L"数据\\" + title;
+    values_.emplace_back(group + L"\\类型", L"0");
+    values_.emplace_back(group, directory);
+    const std::filesystem::path folder = install_.library() / directory;
+    std::filesystem::create_directory(folder);
+    const std::wstring path = test::Install::wide(folder / (directory + L".slb"));
+    CreateEmptySlideLibrary(path.c_str());
+    CSlbMan slides;
+    slides.OnOpenDocument(path.c_str());
+    std::wstring labels;
+    const std::wstring blocks = group + L"\\数据\\";
+    for (const auto& [label, block] : items) {
+      labels.append(label).append(L"&");
+      values_.emplace_back(blocks + label, block);
+      test::writeBytes(folder / (block + L".dwg"), "a drawing");
+      slides.AddSlideW(block.c_str(), "a slide", 7);
+    }
+    slides.SaveModified();
+    if (!items.empty()) values_.emplace_back(group + L"\\索引", labels);
+  }
+
+  Values values_;  // of the store
 };
 
 }  // namespace auxiliary_test

@@ -3,7 +3,9 @@
 
 #include <gtest/gtest.h>
 
+#include "auxiliary/auxiliary_library.h"
 #include "module/module_state.h"
+#include "platform/framework_exceptions.h"
 #include "support/install.h"
 #include "support/transcript.h"
 
@@ -93,6 +95,37 @@ TEST_F(Windowless, ChoosesItems) {
     EXPECT_FALSE(libraryWindow()->ChooseItem(folder, item)) << folder << ", " << item;
   }
   EXPECT_EQ(inFile("zhlFzgn.qdp", L"当前选择\\类型"), L"2");
+}
+
+TEST_F(Windowless, OpensAFolderThatStandsAlone) {
+  libraryWindow()->DestroyWindow();
+  CQuillDpData tree;
+  tree.ReadDataFromQdpFile(path("zhlFzgn.qdp").c_str());
+  set(tree, L"索引", L"a&");
+  set(tree, L"数据\\a\\类型", L"0");
+  tree.WriteDataToQdpFile(path("zhlFzgn.qdp").c_str());
+  test::takeTranscript();
+  setLibraryWindow(makeLibraryWindow(nullptr));
+  EXPECT_EQ(libraryWindow()->GetFolderCount(), 1);
+  EXPECT_EQ(libraryWindow()->Auxiliary()->bar().openFolder(), 0);
+  EXPECT_EQ(test::takeTranscript(), L"");
+}
+
+// What the bar's folders and the list of titles disagree on.
+TEST_F(Windowless, StoreThatMisleadsTheBarIsToldOnce) {
+  test::takeTranscript();
+  openWithFolders();
+  const std::wstring told = test::takeTranscript();
+  EXPECT_NE(told.find(CInvalidArgException().Message()), told.npos);
+  EXPECT_EQ(told.find(L'\n', 1), told.npos);
+}
+
+TEST_F(Windowless, GroupsAndItemsReachTheFileAtItsEnd) {
+  openWithFolders();
+  libraryWindow()->Auxiliary()->NewGroup();
+  EXPECT_EQ(libraryWindow()->GetFolderCount(), 3);
+  libraryWindow()->DestroyWindow();
+  EXPECT_EQ(inFile("zhlFzgn.qdp", L"索引"), L"a&b&c&新建图库组&");
 }
 
 // A window that records the calls made on it.
