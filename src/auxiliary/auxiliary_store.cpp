@@ -45,9 +45,10 @@ std::vector<std::wstring> AuxiliaryStore::shownTitles() const {
   return shown;
 }
 
+// An empty text isn't "0".
 bool AuxiliaryStore::largeIcons() const {
-  const std::wstring state = value(keys::kIconState);
-  return !state.empty() && state != L"0";
+  const CQuillDpNode* node = tree_.GetSubValueFromPathW(0, keys::kIconState);
+  return node && node->length >= 1 && node->text() != L"0";
 }
 
 CStringArray AuxiliaryStore::labels(int folder) const {

@@ -10,7 +10,7 @@ WindowlessLibrary::WindowlessLibrary() {
   try {
     auxiliary_.LoadStore();
   } catch (CException* exception) {
-    showMessageBox({.text = exception->Message()});
+    showMessageBox({.text = exception->Message(), .caption = {}});
     exception->Delete();
   }
 }

@@ -89,6 +89,7 @@ TEST_F(Auxiliary, IconStateIsSmallOnlyForZeroOrNothing) {
   };
   EXPECT_TRUE(largeFor(L"1"));
   EXPECT_TRUE(largeFor(L"2"));
+  EXPECT_TRUE(largeFor(L""));
   EXPECT_FALSE(largeFor(L"0"));
 }
 
