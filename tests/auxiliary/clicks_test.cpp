@@ -26,6 +26,22 @@ TEST_F(Clicks, ItemIsWrittenToTheFileBeforeTheCommandIsTold) {
   EXPECT_EQ(sent(), std::vector{kChosen});
 }
 
+TEST_F(Clicks, RestartShowsWhatWasThereAtTheLastClick) {
+  loaded().NewGroup();
+  library().folderRenamed(1, L"灯具");
+  EXPECT_TRUE(library().itemMoved(0, 3));
+  library().itemRenamed(1, L"表");
+  library().RemoveGroup(2);
+  library().itemClicked(0);
+  library().folderRenamed(0, L"too late");
+  NotingBar again;
+  AuxiliaryLibrary(again).LoadStore();
+  EXPECT_EQ(again.titles(), (Names{L"仪表", L"灯具", L"新建图库组"}));
+  EXPECT_EQ(again.labels(0), (Names{L"仪表-2", L"表", L"仪表-1"}));
+  EXPECT_EQ(again.labels(1), Names{L"灯"});
+  EXPECT_EQ(again.iconCount(0), 3);
+}
+
 TEST_F(Clicks, NothingIsSentWithoutTheMark) {
   setMessageMark(0);
   loaded().itemClicked(2);
