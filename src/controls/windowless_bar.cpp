@@ -56,4 +56,6 @@ int WindowlessBar::ask(const std::wstring& text, const std::wstring& caption, un
   return showMessageBox({.text = text, .caption = caption, .style = style});
 }
 
-void WindowlessBar::notice(const std::wstring& text) { showMessageBox({.text = text, .caption = {}}); }
+void WindowlessBar::notice(const std::wstring& text) {
+  showMessageBox({.text = text, .caption = {}});
+}
