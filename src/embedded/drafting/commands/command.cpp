@@ -51,6 +51,7 @@ void addBuiltinCommands(CommandTable& table) {
   addLayerCommands(table);
   addSettingCommands(table);
   addFileCommands(table);
+  addWblockCommand(table);
 }
 
 }  // namespace drafting

@@ -49,5 +49,6 @@ void addUndoCommands(CommandTable& table);
 void addLayerCommands(CommandTable& table);
 void addSettingCommands(CommandTable& table);
 void addFileCommands(CommandTable& table);
+void addWblockCommand(CommandTable& table);
 
 }  // namespace drafting

@@ -39,12 +39,23 @@ class Cloner {
     target_.header.set("INSBASE", block.base);
     return leftBehind(block.name);
   }
+  std::vector<std::string> writeOut(std::span<const Handle> entities, const Point3& base) {
+    takeStandards();
+    for (const Handle handle : entities) {
+      if (const auto* entity = source_.find<Entity>(handle)) {
+        copyInto(target_.modelSpace(), *entity);
+      }
+    }
+    target_.header.set("INSBASE", base);
+    return leftBehind("");
+  }
 
  private:
   std::vector<std::string> leftBehind(std::string_view name) const {
     if (rawEntities_ == 0) return {};
-    return {std::to_string(rawEntities_) + " entities of unknown kinds were left out of block " +
-            std::string(name)};
+    const std::string what = " entities of unknown kinds were left out";
+    return {std::to_string(rawEntities_) + what +
+            (name.empty() ? "" : " of block " + std::string(name))};
   }
 
   // What every new drawing has under the same name, and what gives its numbers their meaning.
@@ -207,14 +218,29 @@ std::vector<std::string> cloneMoved(Database& target, const Database& source, co
   return Cloner(target, source).runInto(target.modelSpace(), by);
 }
 
-WrittenBlock drawingOfBlock(const Database& source, const BlockRecord& block) {
+namespace {
+
+template <class Content>
+WrittenBlock written(const Database& source, Content content) {
   WrittenBlock written;
   written.drawing = Database::makeNew();
   written.drawing->codePage = source.codePage;
   written.drawing->journal().setRecording(false);
-  written.leftBehind = Cloner(*written.drawing, source).writeOut(block);
+  Cloner cloner(*written.drawing, source);
+  written.leftBehind = content(cloner);
   written.drawing->journal().setRecording(true);
   return written;
+}
+
+}  // namespace
+
+WrittenBlock drawingOfBlock(const Database& source, const BlockRecord& block) {
+  return written(source, [&](Cloner& cloner) { return cloner.writeOut(block); });
+}
+
+WrittenBlock drawingOfEntities(const Database& source, std::span<const Handle> entities,
+                               const Point3& base) {
+  return written(source, [&](Cloner& cloner) { return cloner.writeOut(entities, base); });
 }
 
 }  // namespace drafting

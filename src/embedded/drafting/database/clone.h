@@ -4,6 +4,7 @@
 #pragma once
 
 #include <memory>
+#include <span>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -34,5 +35,9 @@ struct WrittenBlock {
 // A new drawing whose model space is the block's content and whose insertion base the block's base
 // point. Units and scales, layer 0 and the Standard text style are those of `source`.
 WrittenBlock drawingOfBlock(const Database& source, const BlockRecord& block);
+// The same of some entities, in the order given, with that insertion base. What isn't there is
+// left out.
+WrittenBlock drawingOfEntities(const Database& source, std::span<const Handle> entities,
+                               const Point3& base);
 
 }  // namespace drafting
