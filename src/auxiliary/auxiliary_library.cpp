@@ -123,6 +123,12 @@ void AuxiliaryLibrary::itemClicked(int item) {
   if (GetMessageMark() != 0) send(L"F ");
 }
 
+bool AuxiliaryLibrary::chooseItem(int folder, int item) {
+  const CStringArray labels = store_.labels(folder);
+  if (item < 0 || item >= labels.GetSize()) return false;
+  return store_.chooseItem(folder, labels.GetAt(item).wide());
+}
+
 void AuxiliaryLibrary::askForNewItem() { send(L"N "); }
 
 void AuxiliaryLibrary::itemRenamed(int item, const std::wstring& text) {

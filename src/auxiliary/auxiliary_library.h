@@ -24,6 +24,8 @@ class AuxiliaryLibrary {
   // Fills the bar from the store. A store whose index holds a group that isn't shown before one
   // that is throws CInvalidArgException* on the way; what the bar has got by then stays.
   void LoadStore();
+  // The same for a bar that comes up in any case: what stops the filling is shown once.
+  void fillBar();
 
   // --- groups ---
   void NewGroup();
@@ -40,6 +42,9 @@ class AuxiliaryLibrary {
 
   // --- notifications ---
   void itemClicked(int item);
+  // What a click on an item of any folder writes, without what it sends. False when there is no
+  // such folder or item.
+  bool chooseItem(int folder, int item);
   void itemRenamed(int item, const std::wstring& text);
   void folderRenamed(int folder, const std::wstring& text);
   // True when the bar shall move its item, too.

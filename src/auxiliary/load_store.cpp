@@ -1,5 +1,6 @@
 // Fills the bar from the store.
 #include "auxiliary/auxiliary_library.h"
+#include "platform/framework_exceptions.h"
 #include "platform/slide_store.h"
 
 namespace {
@@ -36,4 +37,14 @@ void AuxiliaryLibrary::loadFolder(int folder, const std::wstring& title) {
     bar_.insertItem(folder, j, label, j);
   }
   bar_.giveIconLists(folder);
+}
+
+// A store that a bad index stops on has shown what it could by then.
+void AuxiliaryLibrary::fillBar() {
+  try {
+    LoadStore();
+  } catch (CException* exception) {
+    bar_.notice(exception->Message());
+    exception->Delete();
+  }
 }

@@ -21,7 +21,7 @@ class WindowlessLibrary : public LibraryWindow {
   bool DestroyWindow() override;
 
   void SelectSlot(int slot) override { store_.SetSelection(slot); }
-  bool ChooseItem(int folder, int item) override;
+  bool ChooseItem(int folder, int item) override { return auxiliary_.chooseItem(folder, item); }
 
  private:
   ~WindowlessLibrary() override;

@@ -1,7 +1,6 @@
 #include "controls/windows/library_bar.h"
 
 #include "platform/framework_app.h"
-#include "platform/framework_image_list.h"
 #include "platform/slide_store.h"
 
 namespace {
@@ -13,7 +12,8 @@ constexpr IconSize kSmall{32, 16};
 constexpr IconSize kLarge{64, 32};
 constexpr int kGrowth = 10;
 
-// What the slide leaves free is transparent. The place in the list, or -1.
+// The lists have no mask: what the slide leaves free becomes black, as on the page of slides. The
+// place in the list, or -1.
 int addTo(CImageList* list, CSlideLibraryData& slides, const std::wstring& name, IconSize size) {
   const COLORREF background = ::GetSysColor(COLOR_BACKGROUND);
   const std::unique_ptr<CBitmap> icon(slides.MakeBitMapFromIndex(

@@ -7,6 +7,7 @@
 
 #include "auxiliary/auxiliary_bar.h"
 #include "controls/windows/gfx_out_bar_ctrl.h"
+#include "platform/framework_image_list.h"
 
 class LibraryBar : public AuxiliaryBar {
  public:

@@ -76,7 +76,10 @@ CZhlkMainWnd::CZhlkMainWnd() {
   m_constructing = false;
 }
 
-CZhlkMainWnd::~CZhlkMainWnd() { m_auxiliary.close(m_auxiliary.largeIcons()); }
+// Without a bar there is no icon state to store.
+CZhlkMainWnd::~CZhlkMainWnd() {
+  if (m_clientReady) m_auxiliary.close();
+}
 
 bool CZhlkMainWnd::createWindow() {
   if (!registerWindowClass()) {
@@ -129,11 +132,11 @@ BOOL CZhlkMainWnd::OnCreateClient(CREATESTRUCTW*, CCreateContext* context) {
   if (!m_splitter.CreateSplit(this, 1, 2)) return FALSE;
   if (!m_splitter.CreateView(0, 0, RUNTIME_CLASS(CSlbView), sizes.grid, context)) return FALSE;
   m_view = static_cast<CSlbView*>(m_splitter.GetPane(0, 0));
-  const wchar_t* plain =
-      AfxRegisterWndClass(CS_VREDRAW | CS_HREDRAW, nullptr, ::GetSysColorBrush(COLOR_BTNFACE));
-  m_bar.Create(plain, nullptr, WS_CHILD | WS_VISIBLE, {0, 0, 0, 0}, &m_splitter,
-               static_cast<UINT>(m_splitter.IdFromRowCol(0, 1)));
+  m_bar.Create(WS_CHILD | WS_VISIBLE, {0, 0, 0, 0}, &m_splitter,
+               static_cast<UINT>(m_splitter.IdFromRowCol(0, 1)), kLibraryBarFlags);
   m_bar.SetOwner(this);
+  m_bar.setLibrary(&m_barLibrary);
+  m_auxiliary.fillBar();
   m_splitter.SetColumnInfo(0, sizes.grid.cx, 0);
   m_splitter.SetColumnInfo(1, sizes.bar.cx, 0);
   RecalcLayout();
@@ -248,16 +251,4 @@ void CZhlkMainWnd::PostNcDestroy() {
   if (m_constructing) return;  // the constructor still works on the object
   if (libraryWindow() == &m_door) setLibraryWindow(nullptr);
   CFrameWnd::PostNcDestroy();
-}
-
-// --- what the module's commands see ---
-
-int CZhlkMainWnd::FrameDoor::GetFolderCount() {
-  return static_cast<int>(m_frame.m_auxiliary.shownTitles().size());
-}
-
-bool CZhlkMainWnd::FrameDoor::ChooseItem(int folder, int item) {
-  const CStringArray labels = m_frame.m_auxiliary.labels(folder);
-  if (item < 0 || item >= labels.GetSize()) return false;
-  return m_frame.m_auxiliary.chooseItem(folder, labels.GetAt(item).wide());
 }

@@ -4,7 +4,8 @@
 // frame. Closing hides; the window is destroyed at unload alone, and deletes itself then.
 #pragma once
 
-#include "auxiliary/auxiliary_store.h"
+#include "controls/auxiliary_bar_library.h"
+#include "controls/windows/library_bar.h"
 #include "library_window/frame_layout.h"
 #include "library_window/library_window.h"
 #include "library_window/windows/splitter.h"
@@ -52,14 +53,17 @@ class CZhlkMainWnd : public CFrameWnd {
    public:
     explicit FrameDoor(CZhlkMainWnd& frame) : m_frame(frame) {}
     CZhlkLibStore& Store() override { return m_frame.store; }
-    int GetFolderCount() override;
+    int GetFolderCount() override { return m_frame.m_bar.GetFolderCount(); }
+    AuxiliaryLibrary* Auxiliary() override { return &m_frame.m_auxiliary; }
     bool IsVisible() const override { return m_frame.IsWindowVisible() != 0; }
     bool IsMinimised() const override { return m_frame.IsIconic() != 0; }
     void ShowWindow(int command) override { m_frame.ShowWindow(command); }
     void UpdateWindow() override { m_frame.UpdateWindow(); }
     bool DestroyWindow() override { return m_frame.DestroyWindow() != 0; }
     void SelectSlot(int slot) override { m_frame.store.SetSelection(slot); }
-    bool ChooseItem(int folder, int item) override;
+    bool ChooseItem(int folder, int item) override {
+      return m_frame.m_auxiliary.chooseItem(folder, item);
+    }
 
    private:
     CZhlkMainWnd& m_frame;
@@ -85,8 +89,10 @@ class CZhlkMainWnd : public CFrameWnd {
   CFont m_font;
   CSplitterWndEx m_splitter;
   CSlbView* m_view = nullptr;  // the splitter's; deletes itself with its window
-  CWnd m_bar;                  // the auxiliary bar's pane
-  AuxiliaryStore m_auxiliary;
+  CGfxOutBarCtrl m_bar;
+  LibraryBar m_shownLibrary{m_bar};
+  AuxiliaryLibrary m_auxiliary{m_shownLibrary};
+  AuxiliaryBarLibrary m_barLibrary{m_auxiliary};  // what the bar asks
   FrameDoor m_door{*this};
 };
 

@@ -136,12 +136,12 @@ TEST_F(LibraryFrame, HidingTheBarKeepsTheGridsWidth) {
   EXPECT_EQ(rectOf(*frame_).right, before.right - 120);
   AfxPumpWaitingMessages();
   EXPECT_EQ(client(grid()).Width(), width - 2) << "two pixels stay where the bar's edge was";
-  EXPECT_EQ(client(bar()).Width(), 0);
+  EXPECT_EQ(widthOf(bar()), 0);
   command(ID_AUXILIARY_BAR);
   AfxPumpWaitingMessages();
   EXPECT_EQ(text(rectOf(*frame_)), text(before));
   EXPECT_EQ(client(grid()).Width(), width);
-  EXPECT_EQ(client(bar()).Width(), 116);
+  EXPECT_EQ(widthOf(bar()), 116);
 }
 
 TEST_F(LibraryFrame, ClosingHidesAndShowingBringsItBackAsItWas) {

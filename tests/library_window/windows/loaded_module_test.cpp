@@ -3,7 +3,10 @@
 #include <gtest/gtest.h>
 #include <process.h>
 
+#include <algorithm>
+#include <deque>
 #include <filesystem>
+#include <functional>
 #include <memory>
 
 #include "embedded/base/text.h"
@@ -68,6 +71,51 @@ class LoadedModule : public test::SessionFixture {
     return search.found;
   }
   HWND grid() const { return ::GetDlgItem(::GetDlgItem(library(), kPane), kPane); }
+  void show() {
+    evaluate("(showzhlk)");
+    ::MoveWindow(library(), 20, 20, 620, 460, TRUE);
+    AfxPumpWaitingMessages();
+  }
+  HWND bar() const { return ::GetDlgItem(::GetDlgItem(library(), kPane), kPane + 1); }
+  // Clicks the icon of an item of the first folder, which are small.
+  void clickIcon(int item) {
+    constexpr int kHeader = 21;
+    constexpr int kStep = 26;
+    window_kit::WindowScript script;
+    script.click(bar(), 20, kHeader + kStep * item + kStep / 2);
+    EXPECT_EQ(script.then([] {}).run(), "");
+  }
+  // Something is drawn at the place of an item's icon.
+  bool isIcon(int item) const {
+    const auto picture = window_kit::pictureOf(bar());
+    const std::uint32_t background = picture.at(2, 60);
+    int dots = 0;
+    for (int y = 0; y < 16; ++y) {
+      for (int x = 8; x < 38; ++x) dots += picture.at(x, 26 + 26 * item + y) != background ? 1 : 0;
+    }
+    return dots > 10;
+  }
+  // Chooses the last entry of the menu beside the items.
+  void chooseNew() {
+    RECT area{};
+    ::GetClientRect(bar(), &area);
+    const auto menu = [] {
+      const HWND window = ::FindWindowW(L"#32768", nullptr);
+      return window && ::IsWindowVisible(window);
+    };
+    window_kit::WindowScript script;
+    script.rightClick(bar(), area.right - 5, area.bottom / 2).waitFor("the menu", menu);
+    script.key(VK_UP).key(VK_RETURN).waitFor("its end", [&menu] { return !menu(); });
+    EXPECT_EQ(script.then([] {}).run(), "");
+  }
+  void clickSlide(int column) {
+    RECT area{};
+    ::GetClientRect(grid(), &area);
+    window_kit::WindowScript script;
+    // The fresh grid has six columns and three rows.
+    script.click(grid(), area.right / 6 * column + 5, 5);
+    EXPECT_EQ(script.then([] {}).run(), "");
+  }
   std::wstring title() const {
     wchar_t text[32] = L"";
     ::GetWindowTextW(library(), text, 32);
@@ -103,17 +151,50 @@ TEST_F(LoadedModule, AClickOnASlidePlacesItsCircuit) {
   AfxPumpWaitingMessages();
   // What the user types comes first, the window's answer behind it.
   session.line.type("(yczhlhz)\n10,20\n");
-  RECT area{};
-  ::GetClientRect(grid(), &area);
-  window_kit::WindowScript script;
-  // The fresh grid has six columns and three rows.
-  script.click(grid(), area.right / 6 * 2 + 5, 5);
-  script.waitFor("the selection", [this] { return title() == L"主回路&03"; });
-  EXPECT_EQ(script.run(), "");
+  clickSlide(2);
+  EXPECT_EQ(title(), L"主回路&03");
   EXPECT_TRUE(entities().empty());
   session.line.run();
   const std::vector<std::string> drawn = entities();
   EXPECT_GT(drawn.size(), 5U) << takePrinted();
+}
+
+// A prompt waits while the window is worked.
+TEST_F(LoadedModule, ASymbolOfTheDrawingIsAddedAndPlacedByTheBar) {
+  evaluate("(zhlmsgmk 1)");
+  show();
+  std::deque<std::function<void()>> hand = {
+      [this] { chooseNew(); },                   // at the prompt for a point
+      [this] { session.line.type("Last\n"); },   // at the prompt for a block
+      [this] { session.line.type("10,20\n"); },  // a point again
+      [this] { clickSlide(2); },                 // at the prompt for a keyword
+      [this] { clickIcon(4); },                  // the new one
+      [this] { session.line.type("\n\n"); },
+  };
+  session.line.wait = [&hand] {
+    if (hand.empty()) return false;
+    const auto next = std::move(hand.front());
+    hand.pop_front();
+    next();
+    return true;
+  };
+  const std::string symbol = (install() / "Dwglib" / "Dqbl0012" / "ZHL1003.dwg").string();
+  session.line.type("INSERT " + symbol + " 300,300 1 1 0\n(yczhlhz)\n");
+  session.line.run();
+  EXPECT_TRUE(hand.empty());
+  const std::vector<std::string> drawn = entities();
+  const auto placed = [](const std::string& entity) {
+    return entity.find("INSERT FG001005 ") != std::string::npos;
+  };
+  EXPECT_EQ(std::count_if(drawn.begin(), drawn.end(), placed), 1) << takePrinted();
+  const std::filesystem::path group = install() / "Datcom" / "zhllib" / "fzgn0001";
+  EXPECT_TRUE(std::filesystem::exists(group / "FG001005.dwg"));
+  // What was added is there when the module comes again.
+  session.modules.unloadAll();
+  ASSERT_TRUE(session.modules.load(VORNIK_MODULE_FILE).ok());
+  show();
+  EXPECT_TRUE(isIcon(4)) << "its slide is there";
+  EXPECT_FALSE(isIcon(5));
 }
 
 TEST_F(LoadedModule, WithoutTheMarkAClickLeavesTheCommandLineAlone) {

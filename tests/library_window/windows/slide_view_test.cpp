@@ -259,7 +259,7 @@ TEST_F(SlideView, ThePreviewShowsTheSlideUprightInItsMiddle) {
 TEST_F(SlideView, TheColumnsShareTheInside) {
   const int width = client(splitter()).Width();
   EXPECT_EQ(client(grid()).Width(), width - 120);
-  EXPECT_EQ(client(bar()).Width(), 116);
+  EXPECT_EQ(widthOf(bar()), 116);
   EXPECT_EQ(client(grid()).Height(), client(splitter()).Height() - 8);
 }
 
@@ -283,7 +283,7 @@ TEST_F(SlideView, ASecondColumnLargerThanTheRoomIsCut) {
   const int width = client(splitter()).Width();
   window->SetColumnWidths(100, 5000);
   EXPECT_EQ(client(grid()).Width(), 100);
-  EXPECT_EQ(client(bar()).Width(), width - 104);
+  EXPECT_EQ(widthOf(bar()), width - 104);
 }
 
 TEST_F(SlideView, ADraggedBarMovesUntilTheFramePaints) {

@@ -40,7 +40,7 @@ class LibraryFrame : public testing::Test {
     setModuleInstance(::GetModuleHandleW(nullptr));
     setMessageBoxHandler([this](const MessageBoxCall& call) {
       boxes_.push_back(call.text);
-      return kMessageAnswerOk;
+      return answer_;
     });
     setHostWindow(host_);
   }
@@ -117,6 +117,12 @@ class LibraryFrame : public testing::Test {
     ::GetClientRect(window, rect);
     return rect;
   }
+  // With the window's own edge.
+  static int widthOf(HWND window) {
+    CRect rect;
+    ::GetWindowRect(window, rect);
+    return rect.Width();
+  }
   // Inside of the cell of a page's slot, counted within the page.
   CPoint cellCentre(int cell) {
     const Grid size = usableGrid(store());
@@ -136,6 +142,7 @@ class LibraryFrame : public testing::Test {
 
   test::Install install_;
   std::vector<std::wstring> boxes_;  // texts of message boxes
+  int answer_ = kMessageAnswerOk;    // to each of them
   HWND host_ = nullptr;
   CZhlkMainWnd* frame_ = nullptr;
 };
