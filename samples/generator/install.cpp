@@ -20,6 +20,8 @@
 #include "platform/common_funcs.h"
 #include "platform/quill_data.h"
 #include "platform/slide_store.h"
+#include "samples/generator/auxiliary_library.h"
+#include "samples/generator/definitions.h"
 #include "samples/generator/drawings.h"
 #include "samples/generator/fonts.h"
 #include "samples/generator/slides.h"
@@ -117,20 +119,6 @@ class Installer {
     tree.SetSubValueW(key.c_str(), static_cast<std::int16_t>(value.size() + 1), value.c_str(), 0);
   }
 
-  using Slides = std::vector<std::pair<std::string, std::string>>;  // name, bytes
-
-  // Whatever slides the library has else stay.
-  static base::Status saveSlides(const fs::path& path, const Slides& slides) {
-    CSlbMan library;
-    library.OnOpenDocument(base::wideFromPath(path).c_str());
-    for (const auto& [name, bytes] : slides) {
-      library.AddSlideW(base::wideFromUtf8(name).c_str(), bytes.data(),
-                        static_cast<std::uint32_t>(bytes.size()));
-    }
-    if (library.SaveModified()) return {};
-    return base::Status::failure(base::utf8FromPath(path) + ": can't be written");
-  }
-
   // A library without slides is a whole one.
   base::Status makeSlideLibrary(const fs::path& path) {
     if (fs::exists(path) || CreateEmptySlideLibrary(base::wideFromPath(path).c_str())) return {};
@@ -164,42 +152,7 @@ class Installer {
 
   base::Status makeAuxiliary() {
     progress_("auxiliary symbols");
-    CQuillDpData tree;
-    std::wstring titles;
-    for (const AuxiliaryGroup& group : auxiliaryGroups()) {
-      const base::Status status = makeGroup(group, tree);
-      if (!status) return status;
-      titles += base::wideFromUtf8(group.title) + L"&";
-    }
-    setText(tree, L"索引", titles);
-    setText(tree, L"图标状态", L"0");
-    return write(tree, library() / "zhlFzgn.qdp");
-  }
-
-  base::Status makeGroup(const AuxiliaryGroup& group, CQuillDpData& tree) {
-    const fs::path directory = library() / group.directory;
-    std::error_code error;
-    fs::create_directories(directory, error);
-    const std::wstring key = L"数据\\" + base::wideFromUtf8(group.title);
-    setText(tree, key, base::wideFromUtf8(group.directory));
-    setText(tree, key + L"\\类型", L"0");
-    std::wstring labels;
-    Slides slides;
-    int number = 0;
-    for (const AuxiliaryItem& item : group.items) {
-      const std::string digits = std::to_string(++number);
-      const std::string block = "FG" + group.directory.substr(group.directory.size() - 3) +
-                                std::string(3 - digits.size(), '0') + digits;
-      const auto drawing = makeFigureDrawing(item.figure);
-      const base::Status status = save(*drawing, directory / (block + ".dwg"));
-      if (!status) return status;
-      slides.emplace_back(block, iconSlide(*drawing));
-      const std::wstring label = base::wideFromUtf8(item.label);
-      setText(tree, key + L"\\数据\\" + label, base::wideFromUtf8(block));
-      labels += label + L"&";
-    }
-    setText(tree, key + L"\\索引", labels);
-    return saveSlides(directory / (group.directory + ".slb"), slides);
+    return makeAuxiliaryLibrary(library());
   }
 
   fs::path folder_;

@@ -1,7 +1,10 @@
 #include "samples/generator/slides.h"
 
+#include "embedded/base/paths.h"
+#include "embedded/base/text.h"
 #include "embedded/common_funcs/slide_recorder.h"
 #include "embedded/drafting/display/display_list.h"
+#include "platform/slide_store.h"
 
 namespace samples {
 namespace {
@@ -27,6 +30,17 @@ std::string iconSlide(const drafting::Database& drawing) {
   const base::Box2 extents = drafting::DisplayList::of(drawing).bounds();
   return common_funcs::recordSlide(drawing, common_funcs::windowAround(extents, kIcon, kIconPart),
                                    kIcon);
+}
+
+base::Status saveSlides(const std::filesystem::path& path, const Slides& slides) {
+  CSlbMan library;
+  library.OnOpenDocument(base::wideFromPath(path).c_str());
+  for (const auto& [name, bytes] : slides) {
+    library.AddSlideW(base::wideFromUtf8(name).c_str(), bytes.data(),
+                      static_cast<std::uint32_t>(bytes.size()));
+  }
+  if (library.SaveModified()) return {};
+  return base::Status::failure(base::utf8FromPath(path) + ": can't be written");
 }
 
 }  // namespace samples

@@ -106,17 +106,5 @@ TEST(SampleCircuits, RowsAreReadAsTheyAreMeant) {
   }
 }
 
-TEST(SampleAuxiliary, GroupsHaveTitleFolderAndSymbols) {
-  const auto groups = auxiliaryGroups();
-  ASSERT_EQ(groups.size(), 3u);
-  EXPECT_EQ(groups[0].directory, "fzgn0001");
-  EXPECT_EQ(groups[1].directory, "fzgn0002");
-  EXPECT_EQ(groups[2].directory, "fzgn0003");
-  for (const AuxiliaryGroup& group : groups) {
-    EXPECT_FALSE(group.title.empty());
-    EXPECT_GE(group.items.size(), 3u);
-  }
-}
-
 }  // namespace
 }  // namespace samples

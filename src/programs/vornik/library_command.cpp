@@ -11,6 +11,7 @@
 #include "embedded/slide_store/slide_library.h"
 #include "engine/row_reader.h"
 #include "platform/framework_runtime.h"
+#include "programs/vornik/auxiliary_groups.h"
 #include "programs/vornik/captured_slide.h"
 #include "programs/vornik/contact_sheet.h"
 #include "programs/vornik/headless.h"
@@ -24,8 +25,8 @@ namespace vornik {
 namespace {
 
 constexpr std::string_view kUsage =
-    "usage: vornik library list|show N|verify|sheet OUT|export DIR|import DIR|model N CELL TEXT\n"
-    "                      --install DIR\n"
+    "usage: vornik library list|show N|verify|sheet OUT|export DIR|import DIR|model N CELL TEXT|\n"
+    "                      groups --install DIR\n"
     "  list                one line a slot: number, name, blocks, lines, texts, bytes of the "
     "slide\n"
     "  show N              the circuit numbered N, block by block\n"
@@ -36,7 +37,10 @@ constexpr std::string_view kUsage =
     "  export DIR          circuits.txt and a slide file for each circuit\n"
     "  import DIR          the same way back: circuits of the same name are replaced\n"
     "  model N CELL TEXT   the model of one block: CELL is its place in the row (7) or in the\n"
-    "                      lattice (C3: column L, C or R, line 1 to 14)\n";
+    "                      lattice (C3: column L, C or R, line 1 to 14)\n"
+    "  groups              the auxiliary symbols, group by group; --mend kept|samples gives a "
+    "library\n"
+    "                      without groups those of the last save but one, or the sample ones\n";
 
 void note(std::string_view text) { std::cerr << "vornik: " << text << "\n"; }
 
@@ -216,7 +220,7 @@ std::string readSheetOptions(const Options& options, SheetOptions& sheet) {
 
 // How many words an action takes, itself among them; 0 for none of that name.
 std::size_t wordsOf(const std::string& action) {
-  if (action == "list" || action == "verify") return 1;
+  if (action == "list" || action == "verify" || action == "groups") return 1;
   if (action == "show" || action == "sheet" || action == "export" || action == "import") return 2;
   return action == "model" ? 4 : 0;
 }
@@ -229,13 +233,14 @@ int run(const Words& words, const Options& options, const SheetOptions& sheet) {
   if (action == "sheet") return makeSheet(words[1], options.value("slides"), sheet);
   if (action == "export") return report(exportLibrary(base::pathFromUtf8(words[1])));
   if (action == "import") return report(importLibrary(base::pathFromUtf8(words[1]), note));
+  if (action == "groups") return auxiliaryGroups(options.value("mend"));
   return setModel(words);
 }
 
 }  // namespace
 
 int libraryCommand(const Words& words) {
-  const Options options(words, "install columns width background slides", "repair help");
+  const Options options(words, "install columns width background slides mend", "repair help");
   if (options.flag("help")) return std::cout << kUsage, kDone;
   if (!options.problem().empty()) return usageError(options.problem(), kUsage);
   const Words& plain = options.plain();
