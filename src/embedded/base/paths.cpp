@@ -7,6 +7,7 @@
 #endif
 
 #include <algorithm>
+#include <cstdlib>
 #include <memory>
 #include <string>
 #include <unordered_map>
@@ -104,6 +105,15 @@ std::wstring wideFromPath(const fs::path& path) { return wideFromUtf8(path.nativ
 std::string utf8FromPath(const fs::path& path) { return path.native(); }
 
 #endif
+
+std::filesystem::path environmentPath(const char* name) {
+#ifdef _WIN32
+  const wchar_t* value = _wgetenv(wideFromUtf8(name).c_str());
+#else
+  const char* value = std::getenv(name);
+#endif
+  return value ? std::filesystem::path(value) : std::filesystem::path();
+}
 
 std::wstring joinPath(std::wstring_view folder, std::wstring_view name) {
   std::wstring joined(folder);

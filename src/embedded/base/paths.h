@@ -19,6 +19,9 @@ std::filesystem::path pathFromUtf8(std::string_view path);
 std::wstring wideFromPath(const std::filesystem::path& path);
 std::string utf8FromPath(const std::filesystem::path& path);
 
+// A variable of the environment as a path; empty when it isn't set.
+std::filesystem::path environmentPath(const char* name);
+
 constexpr bool isSeparator(wchar_t c) { return c == L'\\' || c == L'/'; }
 
 // `name` within `folder`, with a backslash between them unless there is a separator; an empty

@@ -21,6 +21,7 @@ class RawFile {
 
   // Makes the file, or empties it.
   Status create(const std::filesystem::path& path);
+  bool isOpen() const { return handle_ != -1; }
   Status write(std::string_view bytes);
   // Returns when the bytes are on the disk.
   Status flush();

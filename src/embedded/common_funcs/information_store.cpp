@@ -1,7 +1,6 @@
 // GetInformation and WriteInformation over one file, which is read again whenever it changed. It
 // stands where VORNIK_INFORMATION points, else in the user's configuration folder.
 #include <algorithm>
-#include <cstdlib>
 #include <filesystem>
 
 #include "embedded/base/file_stamp.h"
@@ -20,23 +19,13 @@ using common_funcs::InformationFile;
 
 constexpr std::uint64_t kLargestStore = 1 << 20;
 
-// A variable of the environment as a path; empty when it isn't set.
-fs::path environmentPath(const char* name) {
-#ifdef _WIN32
-  const wchar_t* value = _wgetenv(base::wideFromUtf8(name).c_str());
-#else
-  const char* value = std::getenv(name);
-#endif
-  return value ? fs::path(value) : fs::path();
-}
-
 fs::path storePath() {
-  if (fs::path given = environmentPath("VORNIK_INFORMATION"); !given.empty()) return given;
+  if (fs::path given = base::environmentPath("VORNIK_INFORMATION"); !given.empty()) return given;
 #ifdef _WIN32
-  return environmentPath("APPDATA") / L"Vornikplan10" / L"information.txt";
+  return base::environmentPath("APPDATA") / L"Vornikplan10" / L"information.txt";
 #else
-  fs::path folder = environmentPath("XDG_CONFIG_HOME");
-  if (folder.empty()) folder = environmentPath("HOME") / ".config";
+  fs::path folder = base::environmentPath("XDG_CONFIG_HOME");
+  if (folder.empty()) folder = base::environmentPath("HOME") / ".config";
   return folder / "vornikplan10" / "information.txt";
 #endif
 }

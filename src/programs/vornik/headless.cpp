@@ -58,11 +58,17 @@ base::Status enterInstall(const std::string& folder) {
   return samples::useInstall(path);
 }
 
+std::filesystem::path recoveryFolder(const std::string* install) {
+  return install ? base::pathFromUtf8(*install) / "User" / "Recovery"
+                 : drafting::userRecoveryFolder();
+}
+
 Headless::Headless(std::FILE* transcript) {
   if (transcript) {
     session_.line.output = [transcript](std::string_view text) {
       std::fwrite(text.data(), 1, text.size(), transcript);
     };
+    session_.line.ready = [transcript] { std::fflush(transcript); };
   }
   session_.lisp.define({"zhlselect", false, selectSlot});
   session_.lisp.define({"zhlitem", false, chooseItem});

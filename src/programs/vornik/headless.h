@@ -3,6 +3,7 @@
 #pragma once
 
 #include <cstdio>
+#include <filesystem>
 #include <string>
 
 #include "embedded/base/status.h"
@@ -13,6 +14,9 @@ namespace vornik {
 // Has the information store kept in the install's folder and pointed at it. Call before the session
 // is made. Without an install the user's own information store counts.
 base::Status enterInstall(const std::string& folder);
+
+// Where sessions keep their records: in the install that is in use, or with the user's own data.
+std::filesystem::path recoveryFolder(const std::string* install);
 
 class Headless {
  public:

@@ -6,6 +6,7 @@
 #include "embedded/base/files.h"
 #include "embedded/base/numbers.h"
 #include "embedded/base/paths.h"
+#include "embedded/drafting/documents/lost_drawings.h"
 #include "programs/vornik/headless.h"
 #include "programs/vornik/program.h"
 
@@ -13,11 +14,13 @@ namespace vornik {
 namespace {
 
 constexpr std::string_view kRunUsage =
-    "usage: vornik run [--install DIR] [--drawing IN] [--output OUT.dwg|OUT.dxf] [--transcript "
-    "FILE] "
-    "SCRIPT|-\n"
+    "usage: vornik run [--install DIR] [--drawing IN] [--output OUT.dwg|OUT.dxf]\n"
+    "                  [--transcript FILE] SCRIPT|-\n"
+    "       vornik run --recover [--install DIR] [--output OUT] [--transcript FILE] [SCRIPT|-]\n"
     "  Feeds a script (commands, LISP, points, keywords) to the command line. A line feed is "
-    "Enter.\n";
+    "Enter.\n"
+    "  --recover goes on with the drawing of the last run that was killed, with all that it had\n"
+    "  done but for the command that was running.\n";
 
 constexpr std::string_view kPlaceUsage =
     "usage: vornik place --install DIR --circuits 1,2,5-8 [--at X,Y] [--scale N] --output OUT\n"
@@ -36,16 +39,46 @@ File openForWriting(const std::string& path) {
 #endif
 }
 
-// Runs a script on a drawing (empty path: a new one) and saves the result where that is asked.
-int runScript(const std::string& script, const std::string* drawing, const std::string* output,
-              std::FILE* transcript) {
-  Headless headless(transcript);
-  if (drawing) {
-    const base::Status status = headless.session().openDrawing(*drawing);
-    if (!status) return report(status);
+struct Run {
+  std::string script;
+  const std::string* drawing = nullptr;  // null: a new one
+  const std::string* output = nullptr;   // null: nothing is saved but what the script saves
+  std::FILE* transcript = nullptr;
+  std::filesystem::path records;  // empty: none is kept
+  bool recover = false;
+};
+
+void tell(std::string_view text) { std::cerr << "vornik: " << text << "\n"; }
+
+base::Status openRecovered(drafting::Session& session, const std::filesystem::path& records) {
+  const auto lost = drafting::findLostDrawings(records);
+  if (lost.empty()) {
+    return base::Status::failure(base::utf8FromPath(records) + ": there is nothing to recover");
   }
-  headless.run(script);
-  return output ? report(headless.session().saveDrawing(*output)) : kDone;
+  if (lost.size() > 1) {
+    tell(std::to_string(lost.size() - 1) + " more drawings are waiting to be recovered");
+  }
+  return session.recoverDrawing(lost.front());
+}
+
+base::Status openFirst(drafting::Session& session, const Run& run) {
+  if (run.recover) return openRecovered(session, run.records);
+  if (!run.drawing) return {};
+  return session.openDrawing(*run.drawing);
+}
+
+int runScript(const Run& run) {
+  Headless headless(run.transcript);
+  drafting::Session& session = headless.session();
+  if (const base::Status status = openFirst(session, run); !status) return report(status);
+  if (!run.recover && !run.records.empty()) session.recovery.start(run.records);
+  headless.run(run.script);
+  const base::Status status = run.output ? session.saveDrawing(*run.output) : base::Status();
+  if (run.recover && session.database().journal().changedSinceSave()) {
+    tell("the recovered drawing isn't saved yet; it can be recovered again");
+    session.recovery.leave();
+  }
+  return report(status);
 }
 
 // "1,2,5-8" as 1-based numbers; empty if the text is something else.
@@ -68,11 +101,18 @@ std::vector<int> parseNumbers(std::string_view text) {
 }  // namespace
 
 int runCommand(const Words& words) {
-  const Options options(words, "install drawing output transcript", "help");
+  const Options options(words, "install drawing output transcript", "recover help");
   if (options.flag("help")) return std::cout << kRunUsage, kDone;
   if (!options.problem().empty()) return usageError(options.problem(), kRunUsage);
-  if (options.plain().size() != 1) return usageError("one script is needed", kRunUsage);
-  const auto script = readInput(options.plain()[0]);
+  const bool recover = options.flag("recover");
+  if (recover && options.value("drawing")) {
+    return usageError("--recover brings its own drawing", kRunUsage);
+  }
+  if (options.plain().size() > 1 || (options.plain().empty() && !recover)) {
+    return usageError("one script is needed", kRunUsage);
+  }
+  const auto script = options.plain().empty() ? base::Result<std::string>(std::string())
+                                              : readInput(options.plain()[0]);
   if (!script.ok()) return report(script.status());
   if (const auto* install = options.value("install")) {
     const base::Status status = enterInstall(*install);
@@ -85,7 +125,8 @@ int runCommand(const Words& words) {
     if (!file) return report(base::Status::failure(*path + ": can't be written"));
     transcript = file.get();
   }
-  return runScript(*script, options.value("drawing"), options.value("output"), transcript);
+  return runScript({*script, options.value("drawing"), options.value("output"), transcript,
+                    recoveryFolder(options.value("install")), recover});
 }
 
 int placeCommand(const Words& words) {
@@ -106,7 +147,7 @@ int placeCommand(const Words& words) {
       "(zhlmsgmk 1)\n(yczhlhz)\n" + (options.value("at") ? *options.value("at") : "0,0") + "\n";
   for (const int number : numbers) script += "(zhlselect " + std::to_string(number - 1) + ")\nS\n";
   script += "\n\n(zhlmsgmk 0)\n";
-  return runScript(script, nullptr, options.value("output"), nullptr);
+  return runScript({.script = script, .output = options.value("output")});
 }
 
 }  // namespace vornik

@@ -50,6 +50,8 @@ void CommandLine::run() {
                       .message = std::string(session_.say("\n命令: ", "\nCommand: "))};
   while (!session_.quit) {
     cancelled_ = false;
+    session_.database().journal().settle();
+    ready();
     if (queue_.empty() && !wait()) return;
     const Answer answer = askQueue(prompt);
     try {
@@ -94,6 +96,8 @@ InputQueue::Token CommandLine::nextToken(bool wholeLine) {
 }
 
 Answer CommandLine::askQueue(const Prompt& prompt) {
+  // Who waits for the user has nothing half done: a record of the work may go as far as here.
+  session_.database().journal().settle();
   const bool wholeLine = prompt.kind == Ask::Line;
   while (true) {
     print(prompt.message);

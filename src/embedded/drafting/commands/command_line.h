@@ -31,6 +31,8 @@ class CommandLine {
   bool cancelled() const { return cancelled_; }
   std::function<bool()> wait = [] { return false; };
   std::function<void(std::string_view utf8)> output = [](std::string_view) {};
+  // Called whenever a command or an expression has ended and the next one may come.
+  std::function<void()> ready = [] {};
 
   // Takes commands and expressions until the queue is empty or a command ended the session.
   void run();

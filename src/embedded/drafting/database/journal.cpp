@@ -6,6 +6,8 @@
 #include "embedded/drafting/database/journal.h"
 
 #include <algorithm>
+#include <iterator>
+#include <utility>
 
 #include "embedded/drafting/database/database.h"
 #include "embedded/drafting/database/visit.h"
@@ -21,8 +23,8 @@ void Journal::setRecording(bool on) {
 void Journal::begin(std::string_view name) {
   if (depth_++ > 0) return;
   close();
+  open();
   current_.name = name;
-  open_ = true;
 }
 
 void Journal::end() {
@@ -30,13 +32,12 @@ void Journal::end() {
   if (--depth_ == 0) close();
 }
 
-std::size_t Journal::undoSteps() const {
-  const bool pending = open_ && depth_ == 0 && !current_.empty();
-  return undo_.size() + (pending ? 1 : 0);
-}
+bool Journal::pending() const { return open_ && !(current_.parts.empty() && part_.empty()); }
+
+std::size_t Journal::undoSteps() const { return undo_.size() + (depth_ == 0 && pending() ? 1 : 0); }
 
 std::string_view Journal::undoName() const {
-  if (open_ && depth_ == 0 && !current_.empty()) return current_.name;
+  if (depth_ == 0 && pending()) return current_.name;
   return undo_.empty() ? std::string_view() : undo_.back().name;
 }
 
@@ -44,10 +45,7 @@ bool Journal::undo() {
   if (depth_ > 0) return false;
   close();
   if (undo_.empty()) return false;
-  redo_.push_back(std::move(undo_.back()));
-  undo_.pop_back();
-  apply(redo_.back(), false);
-  while (!marks_.empty() && marks_.back() > undo_.size()) marks_.pop_back();
+  move(undo_, redo_, false);
   return true;
 }
 
@@ -55,10 +53,16 @@ bool Journal::redo() {
   if (depth_ > 0) return false;
   close();
   if (redo_.empty()) return false;
-  undo_.push_back(std::move(redo_.back()));
-  redo_.pop_back();
-  apply(undo_.back(), true);
+  move(redo_, undo_, true);
   return true;
+}
+
+void Journal::move(std::vector<JournalStep>& from, std::vector<JournalStep>& to, bool forward) {
+  to.push_back(std::move(from.back()));
+  from.pop_back();
+  apply(to.back(), forward);
+  while (!marks_.empty() && marks_.back() > undo_.size()) marks_.pop_back();
+  tell(forward ? JournalEvent::Kind::Redone : JournalEvent::Kind::Undone, to.back());
 }
 
 void Journal::mark() {
@@ -79,9 +83,7 @@ std::size_t Journal::undoToMark() {
   return taken;
 }
 
-bool Journal::changedSinceSave() const {
-  return (open_ && !current_.empty()) || stateId() != savedId_;
-}
+bool Journal::changedSinceSave() const { return pending() || stateId() != savedId_; }
 
 void Journal::markSaved() {
   if (depth_ == 0) close();
@@ -90,59 +92,107 @@ void Journal::markSaved() {
 
 void Journal::willChange(const Object& object) {
   if (!recording_) return;
-  Step& step = this->step();
-  const auto [at, isNew] = touched_.try_emplace(object.handle, step.changes.size());
-  if (isNew) step.changes.push_back({object.handle, encodeImage(object), {}});
+  JournalPart& part = this->part();
+  const auto [at, isNew] = touched_.try_emplace(object.handle, part.changes.size());
+  if (isNew) part.changes.push_back({object.handle, encodeImage(object), {}});
 }
 
 void Journal::created(Handle handle) {
   if (!recording_) return;
-  Step& step = this->step();
-  const auto [at, isNew] = touched_.try_emplace(handle, step.changes.size());
-  if (isNew) step.changes.push_back({handle, {}, {}});
+  JournalPart& part = this->part();
+  const auto [at, isNew] = touched_.try_emplace(handle, part.changes.size());
+  if (isNew) part.changes.push_back({handle, {}, {}});
 }
 
 void Journal::link(const Link& link) {
-  if (recording_) step().links.push_back(link);
+  if (recording_) part().links.push_back(link);
 }
 
 void Journal::willChangeVariable(int index) {
   if (!recording_) return;
-  auto& variables = step().variables;
+  auto& variables = part().variables;
   const bool known = std::any_of(variables.begin(), variables.end(),
                                  [index](const auto& change) { return change.index == index; });
   if (!known) variables.push_back({index, database_.header.at(index), {}});
 }
 
-Journal::Step& Journal::step() {
+JournalPart& Journal::part() {
+  if (!open_) open();
+  return part_;
+}
+
+void Journal::open() {
   open_ = true;
-  return current_;
+  current_ = {};
+  current_.id = ++lastId_;
+}
+
+void Journal::settle() {
+  if (open_ && follower) closePart();
+}
+
+void Journal::closePart() {
+  touched_.clear();
+  for (JournalChange& change : part_.changes) {
+    if (const Object* object = database_.find(change.handle)) change.after = encodeImage(*object);
+  }
+  for (JournalVariable& change : part_.variables) change.after = database_.header.at(change.index);
+  // What came and went leaves no image, but its links may name it as a neighbour: they stay.
+  std::erase_if(part_.changes, [](const auto& c) { return c.before == c.after; });
+  std::erase_if(part_.variables, [](const auto& c) { return c.before == c.after; });
+  if (part_.empty()) return;
+  JournalStep news{current_.id, current_.name, {}};
+  news.parts.push_back(std::exchange(part_, {}));
+  tell(JournalEvent::Kind::Done, news);
+  current_.parts.push_back(std::move(news.parts.front()));
 }
 
 void Journal::close() {
   if (!open_) return;
+  closePart();
   open_ = false;
-  touched_.clear();
-  for (Change& change : current_.changes) {
-    if (const Object* object = database_.find(change.handle)) change.after = encodeImage(*object);
-  }
-  for (VariableChange& change : current_.variables)
-    change.after = database_.header.at(change.index);
-  // What came and went leaves no image, but its links may name it as a neighbour: they stay.
-  std::erase_if(current_.changes, [](const Change& c) { return c.before == c.after; });
-  std::erase_if(current_.variables, [](const auto& c) { return c.before == c.after; });
-  if (!current_.empty()) {
-    current_.id = ++lastId_;
-    undo_.push_back(std::move(current_));
-    redo_.clear();
-  }
-  current_ = {};
+  if (current_.parts.empty()) return;
+  undo_.push_back(std::move(current_));
+  redo_.clear();
 }
 
-void Journal::apply(const Step& step, bool forward) {
-  for (const Change& change : step.changes) {
+void Journal::tell(JournalEvent::Kind kind, const JournalStep& step) {
+  if (follower) follower({kind, database_.nextHandle()}, step);
+}
+
+bool Journal::replay(const JournalEvent& event, JournalStep step) {
+  using Kind = JournalEvent::Kind;
+  close();
+  const bool forward = event.kind != Kind::Undone;
+  if (!apply(step, forward)) return false;
+  database_.reserveHandles(event.nextHandle);
+  lastId_ = std::max(lastId_, step.id);
+  if (event.kind == Kind::Done) redo_.clear();
+  auto& from = forward ? redo_ : undo_;
+  auto& to = forward ? undo_ : redo_;
+  if (!from.empty() && from.back().id == step.id) from.pop_back();
+  if (event.kind == Kind::Done && !to.empty() && to.back().id == step.id) {
+    std::move(step.parts.begin(), step.parts.end(), std::back_inserter(to.back().parts));
+  } else {
+    to.push_back(std::move(step));
+  }
+  return true;
+}
+
+bool Journal::apply(const JournalStep& step, bool forward) {
+  bool good = true;
+  const std::size_t count = step.parts.size();
+  for (std::size_t i = 0; i < count; ++i) {
+    good = apply(step.parts[forward ? i : count - 1 - i], forward) && good;
+  }
+  return good;
+}
+
+bool Journal::apply(const JournalPart& step, bool forward) {
+  bool good = true;
+  for (const JournalChange& change : step.changes) {
     const std::string& image = forward ? change.after : change.before;
-    if (!image.empty()) applyImage(change.handle, image);
+    if (!image.empty()) good = applyImage(change.handle, image) && good;
   }
   std::vector<Handle> placeholders;
   for (const Link& link : step.links) {
@@ -159,27 +209,31 @@ void Journal::apply(const Step& step, bool forward) {
       applyLink(*link, !link->made);
     }
   }
-  for (const Change& change : step.changes) {
+  for (const JournalChange& change : step.changes) {
     if ((forward ? change.after : change.before).empty()) database_.destroy(change.handle);
   }
   for (const Handle handle : placeholders) database_.destroy(handle);
-  for (const VariableChange& change : step.variables) {
+  for (const JournalVariable& change : step.variables) {
     database_.header.at(change.index) = forward ? change.after : change.before;
   }
+  return good;
 }
 
-void Journal::applyImage(Handle handle, const std::string& image) {
+bool Journal::applyImage(Handle handle, const std::string& image) {
   if (Object* object = database_.find(handle)) {
+    if (object->kind != kindOfImage(image)) return false;
     database_.forget(*object);
-    decodeImage(image, *object);
+    const bool whole = decodeImage(image, *object);
     database_.remember(*object);
-    return;
+    return whole;
   }
   std::unique_ptr<Object> object = makeObject(kindOfImage(image));
   object->handle = handle;
-  decodeImage(image, *object);
+  const bool whole = decodeImage(image, *object);
   Object& made = *object;
-  if (database_.adopt(std::move(object))) database_.remember(made);
+  if (!database_.adopt(std::move(object))) return false;
+  database_.remember(made);
+  return whole;
 }
 
 void Journal::applyLink(const Link& link, bool make) {

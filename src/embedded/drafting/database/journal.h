@@ -5,17 +5,20 @@
 // Groups nest; only the outermost one becomes a step. Within a step the first touch keeps the
 // object as it was, so that touching it again costs nothing. Changes made while no group is open
 // gather in a nameless step, which the next group or undo closes.
+//
+// Who keeps a record of the work (documents/recovery.h) follows the journal. Since a group may stay
+// open for long, such a step is then told, and kept, in parts.
 #pragma once
 
 #include <cstddef>
 #include <cstdint>
+#include <functional>
 #include <string>
 #include <string_view>
 #include <unordered_map>
 #include <vector>
 
-#include "embedded/drafting/database/header.h"
-#include "embedded/drafting/database/object.h"
+#include "embedded/drafting/database/journal_step.h"
 
 namespace drafting {
 
@@ -44,34 +47,21 @@ class Journal {
   std::size_t undoToMark();
   bool changedSinceSave() const;
   void markSaved();
+  void markChanged() { savedId_ = kNeverSaved; }
+
+  // Called with all that happens, while the drawing is as it is then. It changes nothing.
+  std::function<void(const JournalEvent&, const JournalStep&)> follower;
+  // Tells the follower what has been done so far in the step that is open.
+  void settle();
+  // Does what an event tells; the drawing is that of the time before it. False if they don't belong
+  // together; what fits is done all the same.
+  bool replay(const JournalEvent& event, JournalStep step);
 
  private:
   friend class Database;
 
-  // An image is empty where there was no object.
-  struct Change {
-    Handle handle = 0;
-    std::string before, after;
-  };
-  // A link between objects, made or cut. The fields say what stands around the subject: for an
-  // entity its neighbours, for a record of a table its place (in `previous`).
-  struct Link {
-    enum class Where : std::uint8_t { Chain, Table } where = Where::Chain;
-    bool made = true;
-    Handle subject = 0, owner = 0, previous = 0, next = 0;
-  };
-  struct VariableChange {
-    int index = 0;
-    Header::Value before, after;
-  };
-  struct Step {
-    std::uint64_t id = 0;
-    std::string name;
-    std::vector<Change> changes;
-    std::vector<Link> links;
-    std::vector<VariableChange> variables;
-    bool empty() const { return changes.empty() && links.empty() && variables.empty(); }
-  };
+  using Link = JournalLink;
+  static constexpr std::uint64_t kNeverSaved = ~std::uint64_t{0};
 
   // What Database reports. Each call comes before the change but for `created` and `link`.
   void willChange(const Object& object);
@@ -79,20 +69,27 @@ class Journal {
   void link(const Link& link);
   void willChangeVariable(int index);
 
-  Step& step();  // the open one; opens a nameless one if there is none
+  JournalPart& part();  // of the open step; opens a nameless one if there is none
+  void open();
   void close();
-  void apply(const Step& step, bool forward);
-  void applyImage(Handle handle, const std::string& image);
+  void closePart();
+  void tell(JournalEvent::Kind kind, const JournalStep& step);
+  void move(std::vector<JournalStep>& from, std::vector<JournalStep>& to, bool forward);
+  bool apply(const JournalStep& step, bool forward);
+  bool apply(const JournalPart& part, bool forward);
+  bool applyImage(Handle handle, const std::string& image);
   void applyLink(const Link& link, bool make);
+  bool pending() const;  // the open step has something in it
   std::uint64_t stateId() const { return undo_.empty() ? 0 : undo_.back().id; }
 
   Database& database_;
   bool recording_ = true;
   int depth_ = 0;
   bool open_ = false;
-  Step current_;
-  std::unordered_map<Handle, std::size_t> touched_;  // index into current_.changes
-  std::vector<Step> undo_, redo_;
+  JournalStep current_;                              // the parts that are settled
+  JournalPart part_;                                 // and the one that grows
+  std::unordered_map<Handle, std::size_t> touched_;  // index into part_.changes
+  std::vector<JournalStep> undo_, redo_;
   std::vector<std::size_t> marks_;  // sizes of undo_
   std::uint64_t lastId_ = 0;
   std::uint64_t savedId_ = 0;

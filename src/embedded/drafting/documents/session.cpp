@@ -3,8 +3,10 @@
 #include <cstdlib>
 #include <cstring>
 
+#include "embedded/base/paths.h"
 #include "embedded/base/text.h"
 #include "embedded/drafting/documents/drawing_files.h"
+#include "embedded/drafting/documents/lost_drawings.h"
 
 namespace drafting {
 namespace {
@@ -31,7 +33,8 @@ Session::Session()
       variables(*this),
       modules(*this),
       lisp(*this),
-      document_(emptyDocument()) {
+      document_(emptyDocument()),
+      recovery(*this) {
   addBuiltinCommands(commands);
   lisp.interrupted = [this] { return line.cancelled(); };
   g_active = this;
@@ -45,7 +48,11 @@ Session::~Session() {
 Session& Session::active() { return *g_active; }
 Session* Session::activeOrNull() { return g_active; }
 
-base::Status Session::newDrawing() { return replaceDocument(emptyDocument()); }
+base::Status Session::newDrawing() {
+  const base::Status status = replaceDocument(emptyDocument());
+  if (status) recovery.follow(*document_);
+  return status;
+}
 
 base::Status Session::openDrawing(const std::string& path) {
   auto document = std::make_unique<Document>();
@@ -55,7 +62,23 @@ base::Status Session::openDrawing(const std::string& path) {
   document->database = std::move(*database);
   document->database->journal().markSaved();
   document->path = path;
-  return replaceDocument(std::move(document));
+  const base::Status status = replaceDocument(std::move(document));
+  if (status) recovery.follow(*document_);
+  return status;
+}
+
+base::Status Session::recoverDrawing(const std::filesystem::path& record) {
+  auto lost = readLostDrawing(record);
+  if (!lost.ok()) return lost.status();
+  for (const std::string& note : lost->notes) print("\n" + note);
+  const base::Status status = replaceDocument(std::move(lost->document));
+  if (!status) return status;
+  recovery.takeOver(*document_, lost->folder, std::move(lost->lock));
+  print(std::string(say("\n已恢复图形", "\nRecovered drawing")) +
+        (document_->path.empty() ? "" : " " + document_->path) + ": " +
+        std::to_string(lost->events) +
+        std::string(say(" 个步骤接在自动保存之后。", " steps behind the last autosave.")));
+  return {};
 }
 
 base::Status Session::saveDrawing(const std::string& path) {
@@ -64,6 +87,7 @@ base::Status Session::saveDrawing(const std::string& path) {
   if (status.ok()) {
     document_->path = path;
     database().journal().markSaved();
+    recovery.saved(path);
   }
   return status;
 }
@@ -76,6 +100,7 @@ base::Status Session::replaceDocument(std::unique_ptr<Document> document) {
   modules.sendToAll(AcRx::kUnloadDwgMsg);
   selections_.clear();
   previousSelection.clear();
+  recovery.discard();
   document_ = std::move(document);
   modules.sendToAll(AcRx::kLoadDwgMsg);
   return {};

@@ -13,6 +13,7 @@
 #include "embedded/drafting/documents/document.h"
 #include "embedded/drafting/documents/faults.h"
 #include "embedded/drafting/documents/modules.h"
+#include "embedded/drafting/documents/recovery.h"
 #include "embedded/drafting/documents/system_variables.h"
 #include "embedded/drafting/lisp/interpreter.h"
 
@@ -42,6 +43,8 @@ class Session {
   base::Status newDrawing();
   base::Status openDrawing(const std::string& path);  // by its extension DWG or DXF
   base::Status saveDrawing(const std::string& path);  // likewise; becomes the document's path
+  // Goes on with a drawing that another session left behind (lost_drawings.h).
+  base::Status recoverDrawing(const std::filesystem::path& record);
 
   // The user's language: one of the two texts.
   std::string_view say(std::string_view chinese, std::string_view english) const {
@@ -70,6 +73,11 @@ class Session {
   base::Status replaceDocument(std::unique_ptr<Document> document);
 
   std::unique_ptr<Document> document_;
+
+ public:
+  Recovery recovery;  // of the document; off until started
+
+ private:
   std::map<std::int64_t, Selection> selections_;
   std::int64_t lastSelection_ = 0;
 };

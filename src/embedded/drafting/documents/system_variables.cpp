@@ -40,6 +40,7 @@ const Row kRows[] = {
     {"INSNAME", Store::Own, std::string()},
     {"LASTPOINT", Store::Own, Point3{}},
     {"OSMODE", Store::Own, 0, 0, 32767},
+    {"SAVETIME", Store::Own, 10, 0, 600},
     {"ACADVER", Store::Own, std::string("15.0"), 0, 0, true},
     {"PLATFORM", Store::Own, std::string("Vornik drafting"), 0, 0, true},
     {"CLAYER", Store::Record},

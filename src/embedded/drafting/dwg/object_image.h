@@ -15,7 +15,7 @@ std::string encodeImage(const Object& object);
 Kind kindOfImage(std::string_view image);
 
 // Gives `object`, which is of the image's kind and keeps its handle and neighbours, the fields of
-// the image. The image must come from encodeImage of this process.
-void decodeImage(std::string_view image, Object& object);
+// the image. False, and some fields not read, if the bytes aren't what encodeImage makes.
+bool decodeImage(std::string_view image, Object& object);
 
 }  // namespace drafting

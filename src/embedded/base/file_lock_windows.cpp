@@ -1,0 +1,30 @@
+// file_lock.h over the Windows API.
+#include <windows.h>
+
+#include <utility>
+
+#include "embedded/base/file_lock.h"
+
+namespace base {
+
+FileLock& FileLock::operator=(FileLock&& other) noexcept {
+  release();
+  handle_ = std::exchange(other.handle_, -1);
+  return *this;
+}
+
+bool FileLock::take(const std::filesystem::path& path, bool create) {
+  release();
+  const HANDLE handle =
+      CreateFileW(path.c_str(), GENERIC_READ | GENERIC_WRITE, 0, nullptr,
+                  create ? OPEN_ALWAYS : OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL, nullptr);
+  if (handle == INVALID_HANDLE_VALUE) return false;
+  handle_ = reinterpret_cast<std::intptr_t>(handle);
+  return true;
+}
+
+void FileLock::release() {
+  if (held()) CloseHandle(reinterpret_cast<HANDLE>(std::exchange(handle_, -1)));
+}
+
+}  // namespace base
