@@ -95,6 +95,7 @@ class Usage(Install):
                       ("dump", "--nonsense", "a.dwg"), ("convert", "a.dwg"), ("row", "write"),
                       ("row", "expand"), ("row", "read", "--install", "install"), ("library",),
                       ("library", "list"), ("library", "show", "--install", "install"),
+                      ("run", "--recover", "--drawing", "a.dwg"), ("run", "--recover", "a", "b"),
                       ("library", "paint", "--install", "install"),
                       ("library", "sheet", "x.pdf", "--columns", "0", "--install", "install")):
             out, problem = self.run_vornik(*words, status=2)
