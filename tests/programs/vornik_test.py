@@ -91,7 +91,11 @@ class Usage(Install):
 
     def test_wrong_usage_has_status_2_and_tells_the_usage(self):
         for words in ((), ("nonsense",), ("plot",), ("plot", "chain.dwg"), ("dump",), ("bom",),
-                      ("bom", "a.dwg", "--install", "install"), ("plot", "a.dwg", "--output"),
+                      ("bom", "a.dwg", "--install", "install"), ("bom", "a.dwg", "--by", "size"),
+                      ("bom", "--install", "install", "--compare", "a.dwg"),
+                      ("bom", "a.dwg", "--at", "0,0"), ("bom", "a.dwg", "--table", "b.dwg", "--at",
+                                                        "here"),
+                      ("bom", "a.dwg", "--table", "b.dwg", "--output", "c.csv"), ("plot", "a.dwg", "--output"),
                       ("dump", "--nonsense", "a.dwg"), ("convert", "a.dwg"), ("row", "write"),
                       ("row", "expand"), ("row", "read", "--install", "install"), ("library",),
                       ("library", "list"), ("library", "show", "--install", "install"),
@@ -303,6 +307,42 @@ class PartsList(Install):
         rows = list(csv.reader(io.StringIO(out)))[1:]
         motors = [row for row in rows if row[3] == "Y280S-4 75kW"]
         self.assertEqual([(row[1], row[4], row[5]) for row in motors], [("电动机", "2", "09; 10")])
+
+    def test_two_drawings_are_compared_by_model(self):
+        for name, circuits in (("older.dwg", "1,2,3"), ("newer.dwg", "1,3,4")):
+            self.run_vornik("place", "--install", "install", "--circuits", circuits, "--output",
+                            name)
+        out, problem = self.run_vornik("bom", "newer.dwg", "--compare", "older.dwg")
+        self.assertEqual(problem, "")
+        rows = list(csv.DictReader(io.StringIO(out)))
+        self.assertTrue(rows)
+        for row in rows:
+            self.assertEqual(int(row["after"]) - int(row["before"]), int(row["difference"]))
+        motor = [row for row in rows if row["model"] == "Y200L-4 30kW"]
+        self.assertEqual([(row["before"], row["after"], row["difference"], row["circuits after"])
+                          for row in motor], [("0", "1", "+1", "3")])
+        self.assertTrue(any(row["difference"].startswith("-") for row in rows))
+        same, _ = self.run_vornik("bom", "newer.dwg", "--compare", "newer.dwg")
+        self.assertEqual(len(same.splitlines()), 1)
+        models, _ = self.run_vornik("bom", "newer.dwg", "--by", "model")
+        both, _ = self.run_vornik("bom", "newer.dwg")
+        total = [sum(int(row["count"]) for row in csv.DictReader(io.StringIO(text)))
+                 for text in (models, both)]
+        self.assertEqual(total[0], total[1])
+
+    def test_table_stands_in_the_drawing_and_is_no_part_of_it(self):
+        _, problem = self.run_vornik("bom", "chain.dwg", "--table", "table.dwg")
+        self.assertEqual(problem, "")
+        out, _ = self.run_vornik("dump", "--json", "table.dwg")
+        objects = [json.loads(line) for line in out.splitlines()]
+        table = [one for one in objects if one.get("layer") == "设备表"]
+        texts = [one["text"] for one in table if one["type"] == "TEXT"]
+        self.assertEqual(texts[:6], ["序号", "代号", "名称", "型号规格", "数量", "回路"])
+        self.assertIn("JR36-63 45-63A", texts)
+        self.assertEqual(self.run_vornik("bom", "table.dwg")[0],
+                         self.run_vornik("bom", "chain.dwg")[0])
+        self.run_vornik("bom", "chain.dwg", "--table", "table.dxf", "--at", "-500,0")
+        self.assertIn("序号".encode("gbk"), self.bytes_of("table.dxf"))
 
     def test_file_begins_with_the_mark_that_spreadsheets_need(self):
         out, _ = self.run_vornik("bom", "chain.dwg")

@@ -1,8 +1,10 @@
+#include <cmath>
 #include <cstdio>
 #include <iostream>
 #include <iterator>
 
 #include "embedded/base/files.h"
+#include "embedded/base/numbers.h"
 #include "embedded/base/paths.h"
 #include "programs/vornik/program.h"
 
@@ -38,6 +40,21 @@ const std::string* Options::value(std::string_view name) const {
     if (key == name) return &value;
   }
   return nullptr;
+}
+
+std::optional<double> parseNumber(std::string_view text) {
+  const auto number = base::parseDouble(text);
+  if (number.length == 0 || number.length != text.size()) return {};
+  return number.value;
+}
+
+std::optional<base::Point2> parsePoint(std::string_view text) {
+  const std::size_t comma = text.find(',');
+  if (comma == std::string_view::npos) return {};
+  const auto x = parseNumber(text.substr(0, comma));
+  const auto y = parseNumber(text.substr(comma + 1));
+  if (!x || !y || !std::isfinite(*x) || !std::isfinite(*y)) return {};
+  return base::Point2{*x, *y};
 }
 
 int usageError(std::string_view problem, std::string_view usage) {

@@ -92,13 +92,6 @@ std::string quoted(const std::string& field) {
   return out + "\"";
 }
 
-template <class T, class F>
-std::string joined(const std::vector<T>& list, F text) {
-  std::string out;
-  for (const T& one : list) out += (out.empty() ? "" : "; ") + text(one);
-  return out;
-}
-
 }  // namespace
 
 std::vector<Part> partsOfDrawing(const Database& database, const Note& note) {
@@ -146,21 +139,25 @@ std::vector<Part> partsOfLibrary(const Note& note) {
   return list.take();
 }
 
+std::string joinedFields(const std::vector<std::string>& values) {
+  std::string out;
+  for (const std::string& value : values) out += (out.empty() ? "" : "; ") + value;
+  return out;
+}
+
+std::string csvLine(const std::vector<std::string>& fields) {
+  std::string out;
+  for (const std::string& field : fields) out += (out.empty() ? "" : ",") + quoted(field);
+  return out + "\r\n";
+}
+
 std::string partsAsCsv(const std::vector<Part>& parts) {
   std::string out = "symbol,name,letters,model,count,circuits,places\r\n";
   for (const Part& part : parts) {
-    const std::string fields[] = {
-        part.symbol,
-        part.name,
-        part.letters,
-        part.model,
-        std::to_string(part.count),
-        joined(part.circuits, [](const std::string& text) { return text; }),
-        joined(part.places, placeText)};
-    for (std::size_t i = 0; i < std::size(fields); ++i) {
-      out += (i > 0 ? "," : "") + quoted(fields[i]);
-    }
-    out += "\r\n";
+    std::vector<std::string> places;
+    for (const Point2 place : part.places) places.push_back(placeText(place));
+    out += csvLine({part.symbol, part.name, part.letters, part.model, std::to_string(part.count),
+                    joinedFields(part.circuits), joinedFields(places)});
   }
   return out;
 }

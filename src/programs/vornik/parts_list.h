@@ -34,4 +34,8 @@ std::vector<Part> partsOfLibrary(const Note& note);
 // them.
 std::string partsAsCsv(const std::vector<Part>& parts);
 
+// A line of such a file with its end, and several values as one field, "1; 2".
+std::string csvLine(const std::vector<std::string>& fields);
+std::string joinedFields(const std::vector<std::string>& values);
+
 }  // namespace vornik

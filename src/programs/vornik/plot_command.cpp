@@ -25,13 +25,6 @@ constexpr std::string_view kUsage =
     "  missing is replaced by the built-in one.\n";
 constexpr int kFewestPixels = 16, kMostPixels = 30000;
 
-// The whole text as a number.
-std::optional<double> parseNumber(std::string_view text) {
-  const auto number = base::parseDouble(text);
-  if (number.length == 0 || number.length != text.size()) return {};
-  return number.value;
-}
-
 std::optional<base::Box2> parseWindow(std::string_view text) {
   double corners[4];
   for (int i = 0; i < 4; ++i) {

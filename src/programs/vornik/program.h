@@ -2,10 +2,12 @@
 // status: 0 done, 1 the work failed (message on standard error), 2 wrong usage.
 #pragma once
 
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
 
+#include "embedded/base/geometry.h"
 #include "embedded/base/status.h"
 
 namespace vornik {
@@ -40,6 +42,10 @@ class Options {
   Words plain_;
   std::string problem_;
 };
+
+// The whole text as numbers: one, or a point "X,Y"; nothing for anything else.
+std::optional<double> parseNumber(std::string_view text);
+std::optional<base::Point2> parsePoint(std::string_view text);
 
 int usageError(std::string_view problem, std::string_view usage);
 int report(const base::Status& status);  // prints a failure; the exit status

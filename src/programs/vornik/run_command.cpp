@@ -44,7 +44,7 @@ struct Run {
   const std::string* drawing = nullptr;  // null: a new one
   const std::string* output = nullptr;   // null: nothing is saved but what the script saves
   std::FILE* transcript = nullptr;
-  std::filesystem::path records;  // empty: none is kept
+  std::filesystem::path records = {};  // empty: none is kept
   bool recover = false;
 };
 
