@@ -170,7 +170,9 @@ TEST_F(PartsTable, LongTextsAreNarrowedAndCircuitsTakeMoreLines) {
       {0, 0}, 1);
   std::size_t lines = 0;
   for (const Text* text : drawn<Text>()) {
-    if (text->text.rfind("a model", 0) == 0) EXPECT_LT(text->widthFactor, 0.9);
+    if (text->text.rfind("a model", 0) == 0) {
+      EXPECT_LT(text->widthFactor, 0.9);
+    }
     lines += text->text.find(',') != std::string::npos;
   }
   EXPECT_GT(lines, 2u);

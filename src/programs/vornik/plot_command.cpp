@@ -13,7 +13,7 @@ namespace vornik {
 namespace {
 
 constexpr std::string_view kUsage =
-    "usage: vornik plot DRAWING --output OUT.pdf|.svg|.png [--paper A3|A4x3|WxH] [--scale N]\n"
+    "usage: vornik plot DRAWING... --output OUT.pdf|.svg|.png [--paper A3|A4x3|WxH] [--scale N]\n"
     "                   [--window X1,Y1,X2,Y2] [--upright] [--width PX] [--monochrome]\n"
     "                   [--background white|black] [--fonts DIR]\n"
     "  Draws model space at its print scale on the smallest sheet that holds it, or with --paper "
@@ -22,7 +22,7 @@ constexpr std::string_view kUsage =
     "  millimetres to a drawing unit, --window the area to show, --width the pixels of a PNG.\n"
     "  Shape fonts are looked for beside the drawing and then in the folder of --fonts; one that "
     "is\n"
-    "  missing is replaced by the built-in one.\n";
+    "  missing is replaced by the built-in one. Several drawings become the pages of one PDF.\n";
 constexpr int kFewestPixels = 16, kMostPixels = 30000;
 
 std::optional<base::Box2> parseWindow(std::string_view text) {
@@ -73,6 +73,38 @@ std::string readOptions(const Options& options, drafting::PlotOptions& plot) {
   return {};
 }
 
+void note(std::string_view text) { std::cerr << "vornik: " << text << "\n"; }
+
+std::filesystem::path folderOf(const std::string& drawing) {
+  const auto folder = base::resolvePath(base::wideFromUtf8(drawing)).parent_path();
+  return folder.empty() ? "." : folder;
+}
+
+base::Status plotOne(const std::string& drawing, const std::string& output,
+                     drafting::PlotOptions plot) {
+  const auto database = drafting::readDrawing(drawing, note);
+  if (!database.ok()) return database.status();
+  plot.drawingFolder = folderOf(drawing);
+  return drafting::plotDrawing(**database, output, plot, note);
+}
+
+base::Status plotBook(const Words& drawings, const std::string& output,
+                      drafting::PlotOptions plot) {
+  drafting::PdfBook book;
+  for (const std::string& drawing : drawings) {
+    const auto database = drafting::readDrawing(drawing, note);
+    if (!database.ok()) return database.status();
+    plot.drawingFolder = folderOf(drawing);
+    book.add(**database, plot,
+             [&](std::string_view text) { note(drawing + ": " + std::string(text)); });
+  }
+  return book.save(output);
+}
+
+bool isPdf(const std::string& path) {
+  return base::equalsNoCase(base::extensionOf(base::wideFromUtf8(path)), L".pdf");
+}
+
 }  // namespace
 
 int plotCommand(const Words& words) {
@@ -80,21 +112,20 @@ int plotCommand(const Words& words) {
                         "monochrome upright help");
   if (options.flag("help")) return std::cout << kUsage, kDone;
   if (!options.problem().empty()) return usageError(options.problem(), kUsage);
-  if (options.plain().size() != 1) return usageError("one drawing is needed", kUsage);
+  if (options.plain().empty()) return usageError("a drawing is needed", kUsage);
   const auto* output = options.value("output");
   if (!output) return usageError("--output is needed", kUsage);
+  if (options.plain().size() > 1 && !isPdf(*output)) {
+    return usageError("several drawings make a PDF only", kUsage);
+  }
   drafting::PlotOptions plot;
   const std::string problem = readOptions(options, plot);
   if (!problem.empty()) return usageError(problem, kUsage);
   if (const auto* fonts = options.value("fonts")) {
     drafting::FontLibrary::shared().setFolders({base::pathFromUtf8(*fonts)});
   }
-  plot.drawingFolder = base::resolvePath(base::wideFromUtf8(options.plain()[0])).parent_path();
-  if (plot.drawingFolder.empty()) plot.drawingFolder = ".";
-  const auto note = [](std::string_view text) { std::cerr << "vornik: " << text << "\n"; };
-  const auto database = drafting::readDrawing(options.plain()[0], note);
-  if (!database.ok()) return report(database.status());
-  return report(drafting::plotDrawing(**database, *output, plot, note));
+  return report(options.plain().size() == 1 ? plotOne(options.plain()[0], *output, plot)
+                                            : plotBook(options.plain(), *output, plot));
 }
 
 }  // namespace vornik

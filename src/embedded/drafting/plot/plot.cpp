@@ -3,6 +3,7 @@
 
 #include <array>
 #include <cmath>
+#include <utility>
 
 #include "embedded/base/files.h"
 #include "embedded/base/numbers.h"
@@ -151,29 +152,45 @@ bool isTooLarge(const Page& bitmap) {
          bitmap.width * bitmap.height > kMostPixelsInAll;
 }
 
-base::Result<std::string> pictureOf(const DisplayList& list, const Page& page, Form form,
-                                    const PlotOptions& options) {
+PaintStyle styleOf(const Page& page, const PlotOptions& options, double thinnest) {
   PaintStyle style;
   style.palette = Palette(options.background, options.monochrome);
   style.unitsPerMillimetre = page.unitsPerMillimetre;
-  style.thinnest = form == Form::Png ? kThinnestInPixels : kThinnestOnPaper;
-  const base::Rgb background = style.palette.background();
-  if (form == Form::Svg) {
-    SvgCanvas canvas(page.width, page.height, background);
-    paint(list, page.map, style, canvas);
-    return canvas.finish();
-  }
-  if (form == Form::Pdf) {
-    std::vector<PdfCanvas> pages;
-    pages.emplace_back(page.width, page.height, background);
-    paint(list, page.map, style, pages[0]);
-    return makePdf(std::move(pages));
-  }
-  auto canvas =
-      BitmapCanvas::make(static_cast<int>(page.width), static_cast<int>(page.height), background);
+  style.thinnest = thinnest;
+  return style;
+}
+
+PdfCanvas pdfPage(const DisplayList& list, const Page& page, const PlotOptions& options) {
+  const PaintStyle style = styleOf(page, options, kThinnestOnPaper);
+  PdfCanvas canvas(page.width, page.height, style.palette.background());
+  paint(list, page.map, style, canvas);
+  return canvas;
+}
+
+std::string svgOf(const DisplayList& list, const Page& page, const PlotOptions& options) {
+  const PaintStyle style = styleOf(page, options, kThinnestOnPaper);
+  SvgCanvas canvas(page.width, page.height, style.palette.background());
+  paint(list, page.map, style, canvas);
+  return canvas.finish();
+}
+
+base::Result<std::string> pngOf(const DisplayList& list, const Page& page,
+                                const PlotOptions& options) {
+  const PaintStyle style = styleOf(page, options, kThinnestInPixels);
+  auto canvas = BitmapCanvas::make(static_cast<int>(page.width), static_cast<int>(page.height),
+                                   style.palette.background());
   if (!canvas.ok()) return canvas.status();
   paint(list, page.map, style, **canvas);
   return (*canvas)->finish();
+}
+
+base::Result<std::string> pictureOf(const DisplayList& list, const Page& page, Form form,
+                                    const PlotOptions& options) {
+  if (form == Form::Svg) return svgOf(list, page, options);
+  if (form == Form::Png) return pngOf(list, page, options);
+  std::vector<PdfCanvas> pages;
+  pages.push_back(pdfPage(list, page, options));
+  return makePdf(std::move(pages));
 }
 
 void tellWhatIsMissing(const DisplayList& list, const std::function<void(std::string_view)>& note) {
@@ -184,6 +201,29 @@ void tellWhatIsMissing(const DisplayList& list, const std::function<void(std::st
   }
   for (const std::string& sentence : list.fontNotes()) note(sentence);
   if (list.cut()) note("the drawing is too large to be shown whole");
+}
+
+DisplayOptions displayFor(const PlotOptions& options) {
+  DisplayOptions display;
+  display.forPlot = true;
+  display.drawingFolder = options.drawingFolder;
+  return display;
+}
+
+Page pageFor(const Database& database, Form form, const PlotOptions& options) {
+  const Box2 box = extentsOf(DisplayList::of(database, displayFor(options)), options);
+  const double scale = printScale(database);
+  return form == Form::Png ? pageOfPixels(box, options, scale) : sheetOf(box, options, scale);
+}
+
+// The picture, with curves as fine as the page asks for.
+DisplayList listFor(const Database& database, const Page& page, const PlotOptions& options,
+                    const std::function<void(std::string_view)>& note) {
+  DisplayOptions display = displayFor(options);
+  display.tolerance = kCurveError * page.unitsPerMillimetre / page.scale;
+  DisplayList list = DisplayList::of(database, display);
+  if (note) tellWhatIsMissing(list, note);
+  return list;
 }
 
 }  // namespace
@@ -210,24 +250,30 @@ base::Status plotDrawing(const Database& database, const std::string& path,
   if (form == Form::Unknown) {
     return base::Status::failure(path + ": plots are .pdf, .svg or .png files");
   }
-  DisplayOptions display;
-  display.forPlot = true;
-  display.drawingFolder = options.drawingFolder;
-  const Box2 box = extentsOf(DisplayList::of(database, display), options);
-  const double scale = printScale(database);
-  const Page page =
-      form == Form::Png ? pageOfPixels(box, options, scale) : sheetOf(box, options, scale);
+  const Page page = pageFor(database, form, options);
   if (form == Form::Png && isTooLarge(page)) {
     return base::Status::failure(path + ": the picture would have " + base::formatF(page.width, 0) +
                                  " by " + base::formatF(page.height, 0) +
                                  " pixels, which is too many");
   }
-  display.tolerance = kCurveError * page.unitsPerMillimetre / page.scale;
-  const DisplayList list = DisplayList::of(database, display);
-  if (note) tellWhatIsMissing(list, note);
+  const DisplayList list = listFor(database, page, options, note);
   const auto picture = pictureOf(list, page, form, options);
   if (!picture.ok()) return base::Status::failure(path + ": " + picture.message());
   return base::saveAtomically(base::resolvePath(base::wideFromUtf8(path)), *picture);
+}
+
+PdfBook::PdfBook() = default;
+PdfBook::~PdfBook() = default;
+
+void PdfBook::add(const Database& database, const PlotOptions& options,
+                  const std::function<void(std::string_view)>& note) {
+  const Page page = pageFor(database, Form::Pdf, options);
+  pages_.push_back(pdfPage(listFor(database, page, options, note), page, options));
+}
+
+base::Status PdfBook::save(const std::string& path) {
+  return base::saveAtomically(base::resolvePath(base::wideFromUtf8(path)),
+                              makePdf(std::exchange(pages_, {})));
 }
 
 }  // namespace drafting

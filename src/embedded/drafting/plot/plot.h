@@ -5,11 +5,14 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "embedded/base/status.h"
 #include "embedded/drafting/display/display_list.h"
 
 namespace drafting {
+
+class PdfCanvas;
 
 // A sheet in millimetres.
 struct Paper {
@@ -40,5 +43,18 @@ struct PlotOptions {
 base::Status plotDrawing(const Database& database, const std::string& path,
                          const PlotOptions& options,
                          const std::function<void(std::string_view)>& note = {});
+
+// Several drawings as the pages of one PDF, each with its own options.
+class PdfBook {
+ public:
+  PdfBook();
+  ~PdfBook();
+  void add(const Database& database, const PlotOptions& options,
+           const std::function<void(std::string_view)>& note = {});
+  base::Status save(const std::string& path);  // the book is empty again
+
+ private:
+  std::vector<PdfCanvas> pages_;
+};
 
 }  // namespace drafting

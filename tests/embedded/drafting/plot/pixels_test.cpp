@@ -1,11 +1,11 @@
 // Pixels of small drawings as PNG.
-#include <cairo.h>
+#include <optional>
 
-#include <memory>
-
+#include "embedded/base/files.h"
 #include "embedded/base/paths.h"
 #include "embedded/drafting/display/picture_fixture.h"
 #include "embedded/drafting/plot/plot.h"
+#include "support/png_picture.h"
 #include "support/temp_folder.h"
 
 namespace drafting {
@@ -15,10 +15,6 @@ constexpr std::uint32_t kWhite = 0xFFFFFF, kBlack = 0x000000, kRed = 0xFF0000, k
 
 class Pixels : public PictureTest {
  protected:
-  ~Pixels() override {
-    if (image_) cairo_surface_destroy(image_);
-  }
-
   // The window (0, 0) to (100, 50) in 100 by 50 pixels.
   void plotWindow() {
     plot.window = Box2{{0, 0}, {100, 50}};
@@ -31,24 +27,21 @@ class Pixels : public PictureTest {
     const std::string path = base::utf8FromPath(folder / "out.png");
     const base::Status status = plotDrawing(*db, path, plot);
     ASSERT_TRUE(status.ok()) << status.message();
-    image_ = cairo_image_surface_create_from_png(path.c_str());
-    ASSERT_EQ(cairo_surface_status(image_), CAIRO_STATUS_SUCCESS);
+    image_.emplace(*base::readFile(folder / "out.png"));
+    ASSERT_EQ(image_->problem, "");
   }
-  int width() const { return cairo_image_surface_get_width(image_); }
-  int height() const { return cairo_image_surface_get_height(image_); }
+  int width() const { return image_->width; }
+  int height() const { return image_->height; }
   // The pixel that holds a point of the window.
   std::uint32_t at(double x, double y) const {
-    const unsigned char* row =
-        cairo_image_surface_get_data(image_) +
-        (height() - 1 - static_cast<int>(y)) * cairo_image_surface_get_stride(image_);
-    return reinterpret_cast<const std::uint32_t*>(row)[static_cast<int>(x)] & 0xFFFFFF;
+    return image_->at(static_cast<int>(x), static_cast<int>(y));
   }
 
   test::TempFolder folder;
   PlotOptions plot;
 
  private:
-  cairo_surface_t* image_ = nullptr;
+  std::optional<test::PngPicture> image_;
 };
 
 TEST_F(Pixels, LinesStandWhereTheyBelongInTheirColours) {
