@@ -1,10 +1,8 @@
 #!/usr/bin/env python3
 """Tests of the program vornik as it is called: files in, files and texts out, exit status.
 
-Usage: vornik_test.py PROGRAM [LAUNCHER] [-- UNITTEST_ARGUMENT...]
-
-With a launcher (tests/windows/wine.sh) the Windows program is tested. Readers of others look at
-what comes out: poppler's tools at PDF, Python's own modules at SVG, PNG, JSON and CSV.
+Readers of others look at what comes out: poppler's tools at PDF, Python's own modules at SVG, JSON
+and CSV. Usage: as program_fixture.py tells.
 """
 
 import base64
@@ -12,66 +10,12 @@ import collections
 import csv
 import io
 import json
-import os
 import pathlib
 import shutil
 import struct
-import subprocess
-import sys
-import tempfile
-import unittest
 import xml.etree.ElementTree
 
-DATA = pathlib.Path(__file__).resolve().parents[1] / "data" / "dwg"
-COMMAND = []
-CHAIN = """(zhlmsgmk 1)
-(yczhlhz)
-0,0
-(zhlselect 3)
-S
-(zhlselect 7)
-S
-(zhlitem 0 0)
-F
-
-
-"""
-
-
-def vornik(*arguments, cwd, text="", status=0):
-    """Runs the program; the answer's standard output and error."""
-    done = subprocess.run(COMMAND + list(arguments), cwd=cwd, input=text.encode(),
-                          capture_output=True, timeout=300)
-    out, problem = done.stdout.decode("utf-8"), done.stderr.decode("utf-8")
-    if done.returncode != status:
-        raise AssertionError(f"{arguments}: status {done.returncode}, not {status}\n{out}{problem}")
-    return out, problem
-
-
-class Install(unittest.TestCase):
-    """A sample install and a drawing of two circuits with an auxiliary symbol, made once."""
-
-    @classmethod
-    def setUpClass(cls):
-        cls.folder = pathlib.Path(tempfile.mkdtemp(prefix="vornik-"))
-        vornik("sample", "install", cwd=cls.folder)
-        (cls.folder / "chain.scr").write_text(CHAIN, encoding="utf-8")
-        vornik("run", "--install", "install", "--output", "chain.dwg", "chain.scr", cwd=cls.folder)
-
-    @classmethod
-    def tearDownClass(cls):
-        shutil.rmtree(cls.folder)
-
-    def run_vornik(self, *arguments, **options):
-        return vornik(*arguments, cwd=self.folder, **options)
-
-    def tool(self, *arguments):
-        done = subprocess.run(arguments, cwd=self.folder, capture_output=True, check=True)
-        self.assertEqual(done.stderr.decode(), "")
-        return done.stdout.decode("utf-8")
-
-    def bytes_of(self, name):
-        return (self.folder / name).read_bytes()
+from program_fixture import DATA, ROW, Install, main
 
 
 class Usage(Install):
@@ -415,12 +359,9 @@ class Convert(Install):
 
 
 class Rows(Install):
-    ROW = ('("05" "ZHL1003" "CM1-63 25A" 0 -10 0 "F002" "" 0 -17.5 0 "&&&&" 0 -8 0 -10 '
-           '"TEXT" "QF1" 2 2.5 -10 -22 0)')
-
     def test_row_is_expanded_into_the_tree(self):
         out, problem = self.run_vornik("row", "expand", "--json", "--install", "install",
-                                       text=self.ROW + "\n\nbad\n")
+                                       text=ROW + "\n\nbad\n")
         self.assertEqual(problem, "")
         first, empty, bad = map(json.loads, out.splitlines())
         self.assertEqual(first["number"], "05")
@@ -438,191 +379,8 @@ class Rows(Install):
         self.assertEqual(bad, {"message": "\n 行内容错误!"})
 
     def test_plain_form_counts(self):
-        out, _ = self.run_vornik("row", "expand", "--install", "install", text=self.ROW)
+        out, _ = self.run_vornik("row", "expand", "--install", "install", text=ROW)
         self.assertEqual(out, "05: 2 blocks, 1 lines, 1 texts, 60 by 48 pixels\n")
-
-
-class Library(Install):
-    """The library commands; each test that changes a library makes its own copy."""
-
-    def library(self, *arguments, install="install", status=0):
-        return self.run_vornik("library", *arguments, "--install", install, status=status)
-
-    def copy(self):
-        name = "copy-" + self.id().rsplit(".", 1)[1]
-        shutil.copytree(self.folder / "install", self.folder / name)
-        return name
-
-    def tree_file(self, install):
-        return self.folder / install / "Datcom" / "zhllib" / "zhllib.qdp"
-
-    def slide_file(self, install):
-        return self.folder / install / "Datcom" / "zhllib" / "zhllib.slb"
-
-    def test_list_has_a_line_a_slot(self):
-        out, _ = self.library("list")
-        lines = [line.split("\t") for line in out.splitlines()]
-        self.assertEqual(len(lines), 25)
-        self.assertEqual(lines[4][:5], ["05", "主回路&05", "40 blocks", "5 lines", "5 texts"])
-        for line in lines:
-            self.assertRegex(line[5], r"^[1-9]\d{2,} bytes$")
-
-    def test_show_tells_blocks_texts_and_slide(self):
-        out, _ = self.library("show", "4")
-        self.assertIn("\tZHL1022\t0,-120.28\tY200L-4 30kW\n", out)
-        self.assertIn("text\t电动机\n", out)
-        self.assertIn("slide: 240 by 640 dots, ", out)
-        for number in ("0", "26", "x", "-1", "1.5"):
-            _, problem = self.library("show", number, status=1)
-            self.assertIn("no circuit " + number, problem)
-
-    def test_sample_library_is_healthy(self):
-        self.assertEqual(self.library("verify"), ("", ""))
-
-    def test_verify_finds_what_is_wrong_with_slides_and_repairs_it(self):
-        install = self.copy()
-        exported = self.folder / "exported-slides"
-        self.library("export", str(exported), install=install)
-        whole = self.slide_file(install).read_bytes()
-        # 03 gets the slide of 04, 05 loses its own, and one of no circuit stands there.
-        shutil.copy(exported / "主回路&04.sld", exported / "主回路&03.sld")
-        tree = self.tree_file(install)
-        tree.write_text(tree.read_text(encoding="utf-8").replace("主回路&05\u0003", "主回路&77\u0003")
-                        .replace("主回路&05", "主回路&77"), encoding="utf-8")
-        self.library("import", str(exported), install=install)
-        out, problem = self.library("verify", install=install, status=1)
-        self.assertIn("zhllib.slb: 主回路&03: its slide isn't that of its row\n", out)
-        self.assertIn("column 3: the row's number is 05\n", out)
-        self.assertRegex(problem, r"vornik: \d+ problems")
-        self.library("verify", "--repair", install=install, status=1)
-        out, _ = self.library("verify", install=install, status=1)
-        self.assertNotIn("zhllib.slb", out)
-        self.assertNotEqual(self.slide_file(install).read_bytes(), whole)
-
-    def test_repair_of_a_lost_slide_library_makes_it_anew(self):
-        install = self.copy()
-        whole = self.slide_file(install).read_bytes()
-        self.slide_file(install).unlink()
-        out, _ = self.library("verify", install=install, status=1)
-        self.assertEqual(out.count("has no slide"), 25)
-        self.assertEqual(self.library("verify", "--repair", install=install), ("", ""))
-        self.assertEqual(self.slide_file(install).read_bytes(), whole)
-
-    def test_verify_changes_nothing(self):
-        install = self.copy()
-        self.slide_file(install).unlink()
-        self.library("verify", install=install, status=1)
-        self.assertFalse(self.slide_file(install).exists())
-
-    def test_verify_names_missing_symbols(self):
-        install = self.copy()
-        symbols = self.folder / install / "Dwglib"
-        (symbols / "Dqbl0012" / "ZHL1011.dwg").unlink()
-        directory = symbols / "dwgdir.dab"
-        directory.write_bytes(directory.read_bytes().replace(b"ZHL1012 ", b"ZHL9999 "))
-        directory = symbols / "slddir.dab"
-        directory.write_bytes(directory.read_bytes().replace(b"ZHL1013 ", b"ZHL9999 "))
-        out, _ = self.library("verify", install=install, status=1)
-        self.assertIn("the symbol ZHL1011 has no drawing\n", out)
-        self.assertIn("the symbol ZHL1012 isn't in dwgdir.dab\n", out)
-        self.assertIn("the symbol ZHL1013 isn't in slddir.dab\n", out)
-        self.assertRegex(out, r"zhllib.qdp: 主回路&05: column \d+: the symbol ZHL1011")
-        self.assertIn("zhllib.qdp: 主回路&05: can't be captured: 读取文件失败!\n", out)
-
-    def test_model_is_set_in_the_row(self):
-        install = self.copy()
-        self.library("model", "5", "C14", "Y90S-4 1.1kW", install=install)
-        out, _ = self.library("show", "05", install=install)
-        self.assertIn("\tZHL1022\t0,-120.28\tY90S-4 1.1kW\n", out)
-        self.assertEqual(self.library("verify", install=install), ("", ""))
-        before = self.tree_file(install).read_bytes()
-        for cell, text, message in (("C14", 'a"b', "has a quote"), ("C14", "a)", "parenthesis"),
-                                    ("C2", "63A", "C2 is empty"), ("C15", "63A", "no block"),
-                                    ("99", "63A", "no block")):
-            _, problem = self.library("model", "5", cell, text, install=install, status=1)
-            self.assertIn(message, problem)
-        self.library("model", "77", "C14", "63A", install=install, status=1)
-        self.assertEqual(self.tree_file(install).read_bytes(), before)
-
-    def test_exported_library_is_imported_whole(self):
-        self.library("export", "exported")
-        names = sorted(path.name for path in (self.folder / "exported").iterdir())
-        self.assertEqual(len(names), 26)
-        self.assertIn("circuits.txt", names)
-        install = self.copy()
-        self.slide_file(install).unlink()
-        tree = self.tree_file(install)
-        tree.unlink()
-        self.library("import", "exported", install=install)
-        self.library("export", "again", install=install)
-        for name in names:
-            self.assertEqual(self.bytes_of("again/" + name), self.bytes_of("exported/" + name))
-        self.assertEqual(self.library("verify", install=install), ("", ""))
-
-    def test_list_that_cannot_be_read_imports_nothing(self):
-        install = self.copy()
-        before = self.tree_file(install).read_bytes()
-        for text, where in (("主回路&01\t(\"01\"\n", "circuits.txt:1: "),
-                            ("no tab\n", "circuits.txt:1: "),
-                            ("\na/b\t" + Rows.ROW + "\n", "circuits.txt:2: ")):
-            (self.folder / "bad").mkdir(exist_ok=True)
-            (self.folder / "bad" / "circuits.txt").write_text(text, encoding="utf-8")
-            _, problem = self.library("import", "bad", install=install, status=1)
-            self.assertIn(where, problem)
-        self.library("import", "missing", install=install, status=1)
-        self.assertEqual(self.tree_file(install).read_bytes(), before)
-
-    def test_sheet_shows_every_circuit_with_number_and_name(self):
-        self.library("sheet", "sheet.pdf")
-        self.assertRegex(self.tool("pdfinfo", "sheet.pdf"), r"Pages: +2\n")
-        words = self.tool("pdftotext", "sheet.pdf", "-").split()
-        for number in range(1, 26):
-            self.assertIn(f"{number:02}", words)
-            self.assertIn(f"主回路&{number:02}", words)
-
-    def test_sheet_as_png_shows_every_slide_within_its_cell(self):
-        self.library("sheet", "sheet.png", "--width", "1200")
-        self.tool("convert", "sheet.png", "-depth", "8", "rgb:sheet.rgb")
-        width, height = struct.unpack(">II", self.bytes_of("sheet.png")[16:24])
-        self.assertEqual(width, 1200)
-        pixels = self.bytes_of("sheet.rgb")
-        scale = 1200 / 420
-        cell = (400 + 3) / 9
-        for slot in range(25):
-            left = int((10 + slot % 9 * cell) * scale)
-            top = int((10 + slot // 9 * (((cell - 3) * 8 / 3) + 9)) * scale)
-            green = sum(1 for y in range(top, top + int((cell - 3) * 8 / 3 * scale))
-                        for x in range(left, left + int((cell - 3) * scale))
-                        if pixels[(y * width + x) * 3 + 1] > pixels[(y * width + x) * 3] + 60)
-            self.assertGreater(green, 150, slot)
-
-    def test_sheet_of_any_slide_library(self):
-        self.library("sheet", "symbols.pdf", "--slides", "install/Dwglib/Dqbl0012/Dqbl0012.slb")
-        words = self.tool("pdftotext", "symbols.pdf", "-").split()
-        self.assertEqual(sum(word.startswith("ZHL") for word in words), 59)
-        self.library("sheet", "x.pdf", "--slides", "chain.dwg", status=1)
-        self.library("sheet", "x.txt", status=1)
-
-    def test_every_auxiliary_symbol_has_a_slide(self):
-        for number in (1, 2, 3):
-            name = f"fzgn{number:04}"
-            folder = self.folder / "install" / "Datcom" / "zhllib" / name
-            self.assertGreater((folder / f"{name}.slb").stat().st_size, 68)
-            out = (folder / f"{name}.slb").read_bytes()
-            for drawing in folder.glob("*.dwg"):
-                self.assertIn(drawing.stem.encode(), out)
-
-
-def main():
-    arguments = sys.argv[1:]
-    rest = []
-    if "--" in arguments:
-        at = arguments.index("--")
-        arguments, rest = arguments[:at], arguments[at + 1:]
-    program, launcher = arguments[0], arguments[1:]
-    COMMAND.extend(launcher + [program])
-    os.environ["LANG"] = "zh_CN.UTF-8"
-    unittest.main(argv=[sys.argv[0]] + rest)
 
 
 if __name__ == "__main__":

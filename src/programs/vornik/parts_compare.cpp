@@ -55,6 +55,7 @@ std::vector<Part> partsBy(PartsBy by, std::vector<Part> parts) {
   std::map<std::string, Sum> sums;
   for (const Part& part : parts) sums[by == PartsBy::Symbol ? part.symbol : part.model].add(part);
   std::vector<Part> out;
+  out.reserve(sums.size());
   for (auto& [key, sum] : sums) out.push_back(sum.take());
   return out;
 }

@@ -35,7 +35,8 @@ std::vector<std::string> circuitLines(const std::vector<std::string>& circuits, 
   std::vector<std::string> lines(1);
   for (const std::string& circuit : circuits) {
     std::string& line = lines.back();
-    const std::string longer = line.empty() ? circuit : line + ", " + circuit;
+    std::string longer = line;
+    longer.append(line.empty() ? "" : ", ").append(circuit);
     if (line.empty() || widthOf(longer) <= room) {
       line = longer;
     } else {

@@ -58,7 +58,7 @@ bool decodeStart(std::string_view bytes, RecordStart& start) {
 }
 
 base::Status RecordWriter::create(const std::filesystem::path& path) {
-  if (const base::Status closed = file_.close(); !closed) return closed;
+  if (base::Status closed = file_.close(); !closed) return closed;
   size_ = 0;
   flushed_ = Clock::now();
   return file_.create(path);

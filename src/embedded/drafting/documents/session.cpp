@@ -49,7 +49,7 @@ Session& Session::active() { return *g_active; }
 Session* Session::activeOrNull() { return g_active; }
 
 base::Status Session::newDrawing() {
-  const base::Status status = replaceDocument(emptyDocument());
+  base::Status status = replaceDocument(emptyDocument());
   if (status) recovery.follow(*document_);
   return status;
 }
@@ -62,7 +62,7 @@ base::Status Session::openDrawing(const std::string& path) {
   document->database = std::move(*database);
   document->database->journal().markSaved();
   document->path = path;
-  const base::Status status = replaceDocument(std::move(document));
+  base::Status status = replaceDocument(std::move(document));
   if (status) recovery.follow(*document_);
   return status;
 }
@@ -71,7 +71,7 @@ base::Status Session::recoverDrawing(const std::filesystem::path& record) {
   auto lost = readLostDrawing(record);
   if (!lost.ok()) return lost.status();
   for (const std::string& note : lost->notes) print("\n" + note);
-  const base::Status status = replaceDocument(std::move(lost->document));
+  base::Status status = replaceDocument(std::move(lost->document));
   if (!status) return status;
   recovery.takeOver(*document_, lost->folder, std::move(lost->lock));
   print(std::string(say("\n已恢复图形", "\nRecovered drawing")) +

@@ -21,8 +21,9 @@ constexpr double kFarthest = 1 << 26;       // what the system's coordinates tak
 COLORREF systemColour(base::Rgb c) { return RGB(c.red, c.green, c.blue); }
 
 int finenessOf(int width, int height) {
+  const double pixels = static_cast<double>(width) * height;
   int fineness = kFinest;
-  while (fineness > 1 && double{width} * height * fineness * fineness > kMostDrawn) --fineness;
+  while (fineness > 1 && pixels * fineness * fineness > kMostDrawn) --fineness;
   return fineness;
 }
 

@@ -28,13 +28,18 @@ class RecoveryTest : public test::SessionFixture {
       fs::create_directories(copy);
       for (const auto& file : fs::directory_iterator(entry.path())) {
         if (file.path().filename() == kRecordLock) {
-          std::ofstream(copy / kRecordLock);
+          write(copy / kRecordLock, "");
         } else {
           fs::copy_file(file.path(), copy / file.path().filename());
         }
       }
     }
     return copy;
+  }
+
+  static void write(const fs::path& path, std::string_view bytes) {
+    std::ofstream file(path, std::ios::binary);
+    file << bytes;
   }
 
   static std::string bytesOf(const Database& database) { return *writeDwg(database); }
@@ -103,7 +108,7 @@ TEST_F(RecoveryTest, NoCutOfTheRecordHarms) {
   const std::string whole = *base::readFile(generationRecord(folder, 1));
   std::size_t most = 0;
   for (std::size_t size = 0; size <= whole.size(); ++size) {
-    std::ofstream(generationRecord(folder, 1), std::ios::binary) << whole.substr(0, size);
+    write(generationRecord(folder, 1), whole.substr(0, size));
     const auto lost = readLostDrawing(folder);
     if (!lost.ok()) continue;
     EXPECT_GE(lost->events, most) << "at " << size;
@@ -119,7 +124,7 @@ TEST_F(RecoveryTest, ADamagedByteIsNoticed) {
   for (std::size_t at = 0; at < whole.size(); at += 3) {
     std::string damaged = whole;
     damaged[at] = static_cast<char>(damaged[at] ^ 0x40);
-    std::ofstream(generationRecord(folder, 1), std::ios::binary) << damaged;
+    write(generationRecord(folder, 1), damaged);
     const auto lost = readLostDrawing(folder);
     if (lost.ok()) {
       EXPECT_FALSE(lost->notes.empty()) << "at " << at;
@@ -164,8 +169,8 @@ TEST_F(RecoveryTest, TheNewestLostDrawingComesFirst) {
   const fs::path lost = base::pathFromUtf8(pathOf("lost"));
   for (const char* name : {"20260101-000000-7", "20260102-000000-3"}) {
     fs::create_directories(lost / name);
-    std::ofstream(lost / name / kRecordLock);
-    std::ofstream(lost / name / "1.record");
+    write(lost / name / kRecordLock, "");
+    write(lost / name / "1.record", "");
   }
   fs::create_directories(lost / "20260103-000000-1");  // killed before there was anything
   fs::create_directories(lost / "20260104-000000-1.removed");
@@ -196,7 +201,7 @@ TEST_F(RecoveryTest, ADamagedAutosaveFallsBackOnTheOneBefore) {
   ASSERT_TRUE(session.recoverDrawing(folder).ok());  // begins generation 2
   type("CIRCLE 0,0 2\n");
   session.recovery.leave();
-  std::ofstream(generationDrawing(folder, 2), std::ios::binary) << "no drawing";
+  write(generationDrawing(folder, 2), "no drawing");
   const auto lost = readLostDrawing(folder);
   ASSERT_TRUE(lost.ok()) << lost.message();
   EXPECT_EQ(lost->document->database->modelSpace().count, 2u);
@@ -219,7 +224,7 @@ TEST_F(RecoveryTest, ThreeGenerationsAreKept) {
 }
 
 TEST_F(RecoveryTest, WorkGoesOnWhereNoRecordCanBeWritten) {
-  std::ofstream(base::pathFromUtf8(pathOf("file")));
+  write(base::pathFromUtf8(pathOf("file")), "");
   session.recovery.start(base::pathFromUtf8(pathOf("file")) / "records");
   EXPECT_FALSE(session.recovery.recording());
   type("CIRCLE 0,0 1\n");
