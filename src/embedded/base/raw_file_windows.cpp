@@ -33,8 +33,8 @@ RawFile::~RawFile() { static_cast<void>(close()); }
 
 Status RawFile::create(const fs::path& path) {
   path_ = path;
-  const HANDLE handle = CreateFileW(path.c_str(), GENERIC_WRITE, 0, nullptr, CREATE_ALWAYS,
-                                    FILE_ATTRIBUTE_NORMAL, nullptr);
+  const HANDLE handle = CreateFileW(path.c_str(), GENERIC_WRITE, FILE_SHARE_READ, nullptr,
+                                    CREATE_ALWAYS, FILE_ATTRIBUTE_NORMAL, nullptr);
   handle_ = handle == INVALID_HANDLE_VALUE ? -1 : reinterpret_cast<std::intptr_t>(handle);
   return handle_ == -1 ? systemFailure(path_, GetLastError()) : Status();
 }
