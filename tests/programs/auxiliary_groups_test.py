@@ -1,12 +1,12 @@
 #!/usr/bin/env python3
-"""Tests of `vornik library groups`; called as vornik_test.py is."""
+"""Tests of `vornik library groups`; usage as program_fixture.py tells."""
 
 import shutil
 
-import vornik_test
+from program_fixture import Install, main
 
 
-class Groups(vornik_test.Install):
+class Groups(Install):
     """Each test works on a copy of the install."""
 
     def library(self, *arguments, install, status=0):
@@ -60,4 +60,4 @@ class Groups(vornik_test.Install):
 
 
 if __name__ == "__main__":
-    vornik_test.main()
+    main()

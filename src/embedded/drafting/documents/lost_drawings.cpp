@@ -126,7 +126,12 @@ std::vector<fs::path> findLostDrawings(const fs::path& root) {
     }
     base::FileLock lock;
     if (!lock.take(entry.path() / kRecordLock, false)) continue;
-    if (!generationsIn(entry.path()).empty()) found.push_back(entry.path());
+    if (!generationsIn(entry.path()).empty()) {
+      found.push_back(entry.path());
+    } else {  // its session was killed before it had anything to lose
+      lock.release();
+      removeRecord(entry.path());
+    }
   }
   std::sort(found.rbegin(), found.rend());
   return found;

@@ -12,7 +12,7 @@
 
 namespace drafting {
 
-// Records below `root` that no running session holds, newest first.
+// Records below `root` that no running session holds, newest first. What holds nothing is removed.
 std::vector<std::filesystem::path> findLostDrawings(const std::filesystem::path& root);
 
 struct LostDrawing {

@@ -173,11 +173,16 @@ TEST_F(RecoveryTest, TheNewestLostDrawingComesFirst) {
     write(lost / name / "1.record", "");
   }
   fs::create_directories(lost / "20260103-000000-1");  // killed before there was anything
+  write(lost / "20260103-000000-1" / kRecordLock, "");
+  write(lost / "20260103-000000-1" / "1.dwg", "");
+  fs::create_directories(lost / "20260103-000000-2");  // perhaps being made just now
   fs::create_directories(lost / "20260104-000000-1.removed");
   const auto found = findLostDrawings(lost);
   ASSERT_EQ(found.size(), 2u);
   EXPECT_EQ(found[0].filename(), "20260102-000000-3");
   EXPECT_FALSE(fs::exists(lost / "20260104-000000-1.removed"));
+  EXPECT_FALSE(fs::exists(lost / "20260103-000000-1"));
+  EXPECT_TRUE(fs::exists(lost / "20260103-000000-2"));
 }
 
 TEST_F(RecoveryTest, RecoveredWorkGoesOnAndIsRecordedFurther) {
