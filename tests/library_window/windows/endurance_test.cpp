@@ -6,10 +6,11 @@
 #include <filesystem>
 #include <memory>
 
-#include "library_window/windows/window_fixture.h"
+#include "library_window/windows/bar_fixture.h"
 
 namespace {
 
+using library_window_test::BarInFrame;
 using library_window_test::LibraryFrame;
 using window_kit::pictureOf;
 
@@ -77,29 +78,37 @@ struct Resources {
   std::size_t bytes = 0;
 };
 
+Resources used() {
+  AfxOnIdle();
+  Resources result;
+  const auto count = [](HWND window, LPARAM counter) -> BOOL {
+    ++*reinterpret_cast<int*>(counter);
+    ::EnumChildWindows(
+        window,
+        [](HWND, LPARAM inner) -> BOOL {
+          ++*reinterpret_cast<int*>(inner);
+          return TRUE;
+        },
+        counter);
+    return TRUE;
+  };
+  ::EnumThreadWindows(::GetCurrentThreadId(), count, reinterpret_cast<LPARAM>(&result.windows));
+  result.handles = graphicsHandles();
+  result.menus = menus();
+  result.bytes = heapBytes();
+  return result;
+}
+
+void expectNothingLeft(const Resources& before, const Resources& after) {
+  EXPECT_EQ(after.windows, before.windows);
+  EXPECT_LE(after.handles, before.handles + 4) << "the system may keep a few fonts";
+  EXPECT_EQ(after.menus, before.menus);
+  // A round that forgot a hundred bytes would show.
+  EXPECT_LT(after.bytes, before.bytes + 100000);
+}
+
 class Endurance : public LibraryFrame {
  protected:
-  static Resources used() {
-    AfxOnIdle();
-    Resources result;
-    const auto count = [](HWND window, LPARAM counter) -> BOOL {
-      ++*reinterpret_cast<int*>(counter);
-      ::EnumChildWindows(
-          window,
-          [](HWND, LPARAM inner) -> BOOL {
-            ++*reinterpret_cast<int*>(inner);
-            return TRUE;
-          },
-          counter);
-      return TRUE;
-    };
-    ::EnumThreadWindows(::GetCurrentThreadId(), count, reinterpret_cast<LPARAM>(&result.windows));
-    result.handles = graphicsHandles();
-    result.menus = menus();
-    result.bytes = heapBytes();
-    return result;
-  }
-
   void round(int number) {
     open();
     ShowLibraryWindow();
@@ -123,12 +132,47 @@ TEST_F(Endurance, AThousandRoundsLeaveNothingBehind) {
   for (int number = 0; number < 8; ++number) round(number);
   const Resources before = used();
   for (int number = 0; number < 1000; ++number) round(number);
-  const Resources after = used();
-  EXPECT_EQ(after.windows, before.windows);
-  EXPECT_LE(after.handles, before.handles + 4) << "the system may keep a few fonts";
-  EXPECT_EQ(after.menus, before.menus);
-  // A round that forgot a hundred bytes would show.
-  EXPECT_LT(after.bytes, before.bytes + 100000);
+  expectNothingLeft(before, used());
+}
+
+// The library is the same after each round.
+class BarEndurance : public BarInFrame {
+ protected:
+  void round() {
+    open();
+    ShowLibraryWindow();
+    resize(500, 400);
+    AuxiliaryLibrary& library = *libraryWindow()->Auxiliary();
+    library.NewGroup();
+    for (const int folder : {3, 2, 1, 0}) control().SelectFolder(folder);
+    for (const UINT view : {ID_BAR_LARGE_ICONS, ID_BAR_SMALL_ICONS}) {
+      ::SendMessageW(bar(), WM_COMMAND, view, 0);
+      AfxPumpWaitingMessages();
+    }
+    control().BeginItemEdit(1);
+    control().SetFocus();
+    library.AddItemImage(library.store().slidePath(L"fzgn0001"), L"FG001002", L"more");
+    AfxPumpWaitingMessages();
+    library.itemClicked(0);
+    library.RemoveGroup(3);
+    close();
+    AfxPumpWaitingMessages();
+  }
+};
+
+TEST_F(BarEndurance, ManyRoundsLeaveNothingBehind) {
+  fill(1);
+  writeGroups();
+  for (int number = 0; number < 8; ++number) round();
+  const Resources before = used();
+  boxes_.clear();
+  pauses_.clear();
+  for (int number = 0; number < 100; ++number) {
+    round();
+    boxes_.clear();
+    pauses_.clear();
+  }
+  expectNothingLeft(before, used());
 }
 
 // --- looks ---
