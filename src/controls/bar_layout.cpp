@@ -52,6 +52,17 @@ SIZE BarLayout::labelSize(int folder, int index) const {
 }
 
 SIZE BarLayout::wholeSize(int folder, int index) const {
+  if (folder != measuredFolder_) {
+    wholeSizes_.assign(static_cast<std::size_t>(folders_.folder(folder).GetItemCount()), {});
+    measuredFolder_ = folder;
+  }
+  const auto at = static_cast<std::size_t>(index);
+  if (index < 0 || at >= wholeSizes_.size()) return measured(folder, index);  // throws
+  if (!wholeSizes_[at]) wholeSizes_[at] = measured(folder, index);
+  return *wholeSizes_[at];
+}
+
+SIZE BarLayout::measured(int folder, int index) const {
   const SIZE icon = iconSize(folder, index);
   const SIZE label = labelSize(folder, index);
   if (view_.small) {

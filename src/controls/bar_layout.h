@@ -3,7 +3,9 @@
 // stand at the top, the others at the bottom, the open folder's items between them. Pixels.
 #pragma once
 
+#include <optional>
 #include <string>
+#include <vector>
 
 #include "controls/bar_folders.h"
 #include "platform/framework_shapes.h"
@@ -46,6 +48,8 @@ struct VisibleItems {
   int last;  // the last that is wholly seen; first - 1 when none is
 };
 
+// Of one moment: folders, view and sizes stay as they are while a layout is in use. Each item is
+// measured once, however often rectangles are asked for.
 class BarLayout {
  public:
   // All three outlive the layout.
@@ -80,7 +84,11 @@ class BarLayout {
   int spacing() const { return view_.small ? kSmallSpacing : kLargeSpacing; }
   BarHit hitItem(const CBarFolder& folder, const POINT& point, int& index) const;
 
+  SIZE measured(int folder, int index) const;
+
   const BarFolders& folders_;
   const BarView& view_;
   const BarMeasure& measure_;
+  mutable int measuredFolder_ = -1;
+  mutable std::vector<std::optional<SIZE>> wholeSizes_;  // of that folder's items
 };

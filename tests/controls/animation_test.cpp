@@ -12,7 +12,7 @@ class Slide : public Bar {
  protected:
   std::vector<SlideStep> slide(int from, int to) {
     view_.currentFolder = from;
-    return folderSlide(layout_, from, to);
+    return folderSlide(layout(), from, to);
   }
 };
 
@@ -78,29 +78,29 @@ TEST(ItemJump, FourTicksOfTwelveDraw) {
 TEST_F(Bar, OnlyAsManyItemsJumpAsThereAreFolders) {
   fill(5, 6);
   view_.small = true;
-  EXPECT_TRUE(restingIcon(layout_, folders_, view_, 4));
-  EXPECT_FALSE(restingIcon(layout_, folders_, view_, 5));
-  EXPECT_FALSE(restingIcon(layout_, folders_, view_, -1));
+  EXPECT_TRUE(restingIcon(layout(), folders_, view_, 4));
+  EXPECT_FALSE(restingIcon(layout(), folders_, view_, 5));
+  EXPECT_FALSE(restingIcon(layout(), folders_, view_, -1));
 }
 
 TEST_F(Bar, AnIconRestsInItsCell) {
   fill(3, 3);
-  auto at = restingIcon(layout_, folders_, view_, 1);
+  auto at = restingIcon(layout(), folders_, view_, 1);
   ASSERT_TRUE(at);
   EXPECT_EQ(std::pair(at->x, at->y), (std::pair<decltype(at->x), decltype(at->y)>(34, 111)));
   view_.small = true;
-  at = restingIcon(layout_, folders_, view_, 1);
+  at = restingIcon(layout(), folders_, view_, 1);
   ASSERT_TRUE(at);
   EXPECT_EQ(std::pair(at->x, at->y), (std::pair<decltype(at->x), decltype(at->y)>(7, 74)));
 }
 
 TEST_F(Bar, PartlyHiddenItemsDontJump) {
   fill(5, 4);  // large cells end at 103, 166, 229; the list at 234
-  EXPECT_TRUE(restingIcon(layout_, folders_, view_, 2));
+  EXPECT_TRUE(restingIcon(layout(), folders_, view_, 2));
   view_.client.bottom = 295;  // the list ends where the cell does
-  EXPECT_FALSE(restingIcon(layout_, folders_, view_, 2));
+  EXPECT_FALSE(restingIcon(layout(), folders_, view_, 2));
   view_.firstItem = 1;
-  EXPECT_FALSE(restingIcon(layout_, folders_, view_, 0)) << "scrolled away";
+  EXPECT_FALSE(restingIcon(layout(), folders_, view_, 0)) << "scrolled away";
 }
 
 TEST(Pause, CanBeCounted) {

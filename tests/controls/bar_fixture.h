@@ -20,6 +20,7 @@ class Letters : public BarMeasure {
  public:
   SIZE icon(int, int, bool small) const override { return small ? size(16, 16) : size(32, 32); }
   SIZE line(const std::wstring& text) const override {
+    ++lines;
     return size(8 * static_cast<int>(text.size()), 12);
   }
   SIZE wrapped(const std::wstring& text, int width) const override {
@@ -27,6 +28,8 @@ class Letters : public BarMeasure {
     const int length = static_cast<int>(text.size());
     return size(8 * std::min(length, letters), 12 * ((length + letters - 1) / letters));
   }
+
+  mutable int lines = 0;  // measured so far
 
  private:
   static SIZE size(int cx, int cy) {
@@ -45,24 +48,27 @@ class Bar : public testing::Test {
     for (int i = 0; i < folders; ++i) folders_.AddFolder(L"folder", i);
     for (int i = 0; i < items; ++i) folders_.InsertItem(view_.currentFolder, -1, {i, L"label", 0});
   }
+  // As things are now.
+  BarLayout layout() const { return {folders_, view_, letters_}; }
   Place folderRect(int index) const {
     RECT rect{};
-    return layout_.GetFolderRect(index, rect) ? edges(rect) : Place{};
+    return layout().GetFolderRect(index, rect) ? edges(rect) : Place{};
   }
-  Place inside() const { return edges(layout_.GetInsideRect()); }
-  Place cell(int item) const { return edges(layout_.GetItemCellRect(view_.currentFolder, item)); }
-  Place icon(int item) const { return edges(layout_.GetItemIconRect(view_.currentFolder, item)); }
-  Place label(int item) const { return edges(layout_.GetItemLabelRect(view_.currentFolder, item)); }
+  Place inside() const { return edges(layout().GetInsideRect()); }
+  Place cell(int item) const { return edges(layout().GetItemCellRect(view_.currentFolder, item)); }
+  Place icon(int item) const { return edges(layout().GetItemIconRect(view_.currentFolder, item)); }
+  Place label(int item) const {
+    return edges(layout().GetItemLabelRect(view_.currentFolder, item));
+  }
   std::pair<BarHit, int> hit(int x, int y) const {
     int index = -7;
-    const BarHit code = layout_.HitTestBar({x, y}, index);
+    const BarHit code = layout().HitTestBar({x, y}, index);
     return {code, index};
   }
 
   BarFolders folders_;
   BarView view_;
   Letters letters_;
-  BarLayout layout_{folders_, view_, letters_};
 };
 
 }  // namespace controls_test

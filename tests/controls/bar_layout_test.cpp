@@ -70,26 +70,26 @@ TEST_F(Bar, PartsThatAnItemLacksTakeNoRoom) {
   fill(3, 0);
   folders_.InsertItem(1, -1, {-1, L"label", 0});
   folders_.InsertItem(1, -1, {0, std::nullopt, 0});
-  EXPECT_EQ(layout_.iconSize(1, 0).cx, 0);
-  EXPECT_EQ(layout_.labelSize(1, 1).cy, 0);
-  EXPECT_EQ(layout_.wholeSize(1, 1).cy, 32 + 3 + 8);
+  EXPECT_EQ(layout().iconSize(1, 0).cx, 0);
+  EXPECT_EQ(layout().labelSize(1, 1).cy, 0);
+  EXPECT_EQ(layout().wholeSize(1, 1).cy, 32 + 3 + 8);
 }
 
 TEST_F(Bar, PartlyHiddenItemsDontCountAsVisible) {
   fill(3, 5);  // cells end at 103, 166, 229, 292; the inside ends at 278
-  EXPECT_EQ(layout_.GetVisibleItems(1).first, 0);
-  EXPECT_EQ(layout_.GetVisibleItems(1).last, 2);
+  EXPECT_EQ(layout().GetVisibleItems(1).first, 0);
+  EXPECT_EQ(layout().GetVisibleItems(1).last, 2);
   view_.firstItem = 3;
-  EXPECT_EQ(layout_.GetVisibleItems(1).last, 4);
+  EXPECT_EQ(layout().GetVisibleItems(1).last, 4);
 }
 
 TEST_F(Bar, NothingIsVisibleBehindTheEndAndInAnEmptyFolder) {
   fill(3, 2);
   view_.firstItem = 2;
-  EXPECT_EQ(layout_.GetVisibleItems(1).first, 2);
-  EXPECT_EQ(layout_.GetVisibleItems(1).last, 1);
-  EXPECT_EQ(layout_.GetVisibleItems(0).last, 0);
-  EXPECT_EQ(layout_.GetVisibleItems(7).last, 0);
+  EXPECT_EQ(layout().GetVisibleItems(1).first, 2);
+  EXPECT_EQ(layout().GetVisibleItems(1).last, 1);
+  EXPECT_EQ(layout().GetVisibleItems(0).last, 0);
+  EXPECT_EQ(layout().GetVisibleItems(7).last, 0);
 }
 
 TEST_F(Bar, LargeItemsAreHitOnIconLabelAndTheGapBetween) {
@@ -109,6 +109,16 @@ TEST_F(Bar, SmallItemsAreHitOnTheWholeCell) {
   EXPECT_EQ(hit(59, 64), std::pair(BarHit::Nothing, 3));
 }
 
+TEST_F(Bar, ALayoutMeasuresEachItemOnce) {
+  fill(3, 100);
+  view_.small = true;
+  view_.firstItem = 60;
+  const BarLayout now = layout();
+  now.GetVisibleItems(1);
+  for (int i = 0; i < 100; ++i) now.GetItemCellRect(1, i);
+  EXPECT_EQ(letters_.lines, 100);
+}
+
 TEST_F(Bar, TopMarginHitsNothing) {
   fill(3, 3);
   EXPECT_EQ(hit(50, 45), std::pair(BarHit::Nothing, 3));
@@ -123,8 +133,8 @@ TEST_F(Bar, HeadersAreHitFirst) {
 
 TEST_F(Bar, ShownArrowsAreHitBeforeAllElse) {
   fill(3, 5);
-  view_.up = layout_.upArrow(16);
-  view_.down = layout_.downArrow(16);
+  view_.up = layout().upArrow(16);
+  view_.down = layout().downArrow(16);
   EXPECT_EQ(edges(view_.up), (Place{79, 48, 95, 64}));
   EXPECT_EQ(edges(view_.down), (Place{79, 257, 95, 273}));
   EXPECT_EQ(hit(80, 50).first, BarHit::Nothing);
@@ -136,7 +146,7 @@ TEST_F(Bar, ShownArrowsAreHitBeforeAllElse) {
 TEST_F(Bar, CurrentFolderBeyondTheCountReadsAsEmpty) {
   fill(1, 0);
   EXPECT_EQ(hit(50, 200), std::pair(BarHit::Nothing, 0));
-  test::expectInvalidArgument([&] { layout_.GetItemCellRect(1, 0); });
+  test::expectInvalidArgument([&] { layout().GetItemCellRect(1, 0); });
 }
 
 TEST(BarFolders, InsertingOutsideAppends) {

@@ -13,7 +13,7 @@ using controls_test::Place;
 class Mark : public Bar {
  protected:
   Mark() { fill(3, 3); }
-  InsertMark mark(int index) const { return GetInsertMarkRect(layout_, folders_, view_, index); }
+  InsertMark mark(int index) const { return GetInsertMarkRect(layout(), folders_, view_, index); }
 };
 
 TEST_F(Mark, StandsAboveTheFirstBetweenTwoAndBelowTheLast) {

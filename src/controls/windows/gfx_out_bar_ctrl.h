@@ -117,6 +117,7 @@ class CGfxOutBarCtrl : public CWnd {
   LRESULT notify(UINT code, LPARAM value) { return SendMessage(BARM_NOTIFY, code, value); }
 
   void paintInto(CDC& dc);
+  void drawItems(CDC& dc, const BarLayout& layout, int folder, const RECT& rect);
   void paintArrow(CDC& dc, Arrow arrow, bool show);
   void paintContents(CDC& dc, int folder, const RECT& inside, int top);
   void folderLines(CDC& dc, const RECT& header, COLORREF outer, COLORREF inner);

@@ -59,7 +59,7 @@ void CGfxOutBarCtrl::paintInto(CDC& dc) {
   const int count = open ? open->GetItemCount() : 0;
   paintArrow(dc, arrow(BarHit::UpArrow), visible.first >= 1);
   paintArrow(dc, arrow(BarHit::DownArrow), visible.last < count - 1);
-  if (open) DrawFolderItems(dc, view_.currentFolder, inside);
+  if (open) drawItems(dc, layout, view_.currentFolder, inside);
 }
 
 // Items are not drawn over it.
@@ -117,8 +117,11 @@ void CGfxOutBarCtrl::DrawBarItem(CDC& dc, int folder, RECT rect, int item, bool 
 }
 
 void CGfxOutBarCtrl::DrawFolderItems(CDC& dc, int folder, const RECT& rect) {
+  drawItems(dc, layout(), folder, rect);
+}
+
+void CGfxOutBarCtrl::drawItems(CDC& dc, const BarLayout& layout, int folder, const RECT& rect) {
   const SavedContext saved(dc);
-  const BarLayout layout = this->layout();
   const CRect inside = layout.GetInsideRect();
   dc.IntersectClipRect(inside);
   for (int i = view_.firstItem; i < folders_.folder(folder).GetItemCount(); ++i) {
