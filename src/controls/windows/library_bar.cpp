@@ -1,24 +1,19 @@
 #include "controls/windows/library_bar.h"
 
+#include "controls/windows/gdi_scope.h"
 #include "platform/framework_app.h"
+#include "platform/framework_window_dc.h"
 #include "platform/slide_store.h"
 
 namespace {
 
-struct IconSize {
-  int width, height;
-};
-constexpr IconSize kSmall{32, 16};
-constexpr IconSize kLarge{64, 32};
 constexpr int kGrowth = 10;
+constexpr std::size_t kStrip = 50;  // icons
 
-// The lists have no mask: what the slide leaves free becomes black, as on the page of slides. The
-// place in the list, or -1.
-int addTo(CImageList* list, CSlideLibraryData& slides, const std::wstring& name, IconSize size) {
-  const COLORREF background = ::GetSysColor(COLOR_BACKGROUND);
-  const std::unique_ptr<CBitmap> icon(slides.MakeBitMapFromIndex(
-      slides.GetIndexFromName(name), size.width, size.height, background));
-  return list && icon ? list->Add(icon.get(), background) : -1;
+std::unique_ptr<CBitmap> iconOf(CSlideLibraryData& slides, std::uint16_t slide, int width,
+                                int height) {
+  return std::unique_ptr<CBitmap>(
+      slides.MakeBitMapFromIndex(slide, width, height, ::GetSysColor(COLOR_BACKGROUND)));
 }
 
 }  // namespace
@@ -66,20 +61,22 @@ void LibraryBar::setAnimation(int folderStep, int itemInterval) {
 
 // --- icons ---
 
-CImageList* LibraryBar::makeList(int width, int height, int expected) {
+CImageList* LibraryBar::makeList(const Waiting& icons, int expected) {
   auto list = std::make_unique<CImageList>();
-  if (!list->Create(width, height, 0, expected, kGrowth)) return nullptr;
+  if (!list->Create(icons.width, icons.height, 0, expected, kGrowth)) return nullptr;
   lists_.push_back(std::move(list));
   return lists_.back().get();
 }
 
 void LibraryBar::makeIconLists(int expected) {
-  bar_.folders().workingLarge = makeList(kLarge.width, kLarge.height, expected);
-  bar_.folders().workingSmall = makeList(kSmall.width, kSmall.height, expected);
+  forgetWaiting();
+  bar_.folders().workingLarge = makeList(large_, expected);
+  bar_.folders().workingSmall = makeList(small_, expected);
   given_ = false;
 }
 
 void LibraryBar::takeIconLists(int folder) {
+  forgetWaiting();
   BarFolders& folders = bar_.folders();
   folders.workingLarge = folders.GetFolderImageList(folder, false);
   folders.workingSmall = folders.GetFolderImageList(folder, true);
@@ -87,13 +84,53 @@ void LibraryBar::takeIconLists(int folder) {
 }
 
 int LibraryBar::addIcon(CSlideLibraryData& slides, const std::wstring& name) {
-  addTo(bar_.folders().workingSmall, slides, name, kSmall);
-  return addTo(bar_.folders().workingLarge, slides, name, kLarge);
+  const std::uint16_t slide = slides.GetIndexFromName(name);
+  add(bar_.folders().workingSmall, small_, iconOf(slides, slide, small_.width, small_.height));
+  return add(bar_.folders().workingLarge, large_,
+             iconOf(slides, slide, large_.width, large_.height));
+}
+
+int LibraryBar::add(CImageList* list, Waiting& waiting, std::unique_ptr<CBitmap> icon) {
+  if (!list || !icon) return -1;
+  if (waiting.icons.size() == kStrip) flush(list, waiting);
+  waiting.icons.push_back(std::move(icon));
+  return list->GetImageCount() + static_cast<int>(waiting.icons.size()) - 1;
+}
+
+// The lists have no mask: what a slide leaves free becomes black, as on the page of slides.
+void LibraryBar::flush(CImageList* list, Waiting& waiting) {
+  if (!list || waiting.icons.empty()) return;
+  CClientDC screen(nullptr);
+  CBitmap strip;
+  strip.CreateCompatibleBitmap(&screen, static_cast<int>(waiting.icons.size()) * waiting.width,
+                               waiting.height);
+  {
+    CDC target;
+    CDC source;
+    target.CreateCompatibleDC(&screen);
+    source.CreateCompatibleDC(&screen);
+    const SelectedObject into(target, strip.GetSafeHandle());
+    int x = 0;
+    for (const auto& icon : waiting.icons) {
+      const SelectedObject from(source, icon->GetSafeHandle());
+      target.BitBlt(x, 0, waiting.width, waiting.height, &source, 0, 0, SRCCOPY);
+      x += waiting.width;
+    }
+  }
+  list->Add(&strip, ::GetSysColor(COLOR_BACKGROUND));
+  waiting.icons.clear();
+}
+
+void LibraryBar::forgetWaiting() {
+  small_.icons.clear();
+  large_.icons.clear();
 }
 
 void LibraryBar::giveIconLists(int folder) {
   BarFolders& folders = bar_.folders();
   folders.folder(folder);  // throws
+  flush(folders.workingSmall, small_);
+  flush(folders.workingLarge, large_);
   if (!given_ && folders.workingLarge && folders.workingSmall) {
     folders.SetFolderImageList(folder, folders.workingSmall, kSmallImages);
     folders.SetFolderImageList(folder, folders.workingLarge, kLargeImages);

@@ -44,9 +44,21 @@ class LibraryBar : public AuxiliaryBar {
   void notice(const std::wstring& text) override;
 
  private:
-  CImageList* makeList(int width, int height, int expected);
+  // Icons on their way into a list: a strip of many goes in at once, since each call costs more
+  // than the picture.
+  struct Waiting {
+    int width, height;
+    std::vector<std::unique_ptr<CBitmap>> icons;
+  };
+  CImageList* makeList(const Waiting& icons, int expected);
+  // The icon's place in the list, or -1.
+  static int add(CImageList* list, Waiting& waiting, std::unique_ptr<CBitmap> icon);
+  static void flush(CImageList* list, Waiting& waiting);
+  void forgetWaiting();
 
   CGfxOutBarCtrl& bar_;
   std::vector<std::unique_ptr<CImageList>> lists_;  // all that were made
   bool given_ = true;                               // nothing new is in the working lists
+  Waiting small_{32, 16, {}};
+  Waiting large_{64, 32, {}};
 };

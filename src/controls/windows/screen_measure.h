@@ -2,6 +2,7 @@
 #pragma once
 
 #include "controls/bar_layout.h"
+#include "platform/framework_dc.h"
 #include "platform/framework_window.h"
 
 class ScreenMeasure : public BarMeasure {
@@ -14,6 +15,11 @@ class ScreenMeasure : public BarMeasure {
   SIZE wrapped(const std::wstring& text, int width) const override;
 
  private:
+  // With the font; made at the first use, since asking the system for the window's own each time
+  // takes longer than measuring.
+  CDC& context() const;
+
   CWnd& bar_;
   const BarFolders& folders_;
+  mutable CDC context_;
 };
