@@ -8,9 +8,12 @@
 #include <functional>
 #include <vector>
 
+#include "auxiliary/auxiliary_library.h"
+#include "controls/windows/library_bar.h"
 #include "editor/windows/circuit_dialog.h"
 #include "embedded/base/paths.h"
 #include "embedded/drafting/documents/session.h"
+#include "large_auxiliary.h"
 #include "library_window/windows/main_window.h"
 #include "module/module_state.h"
 #include "platform/common_funcs.h"
@@ -88,6 +91,62 @@ void measureLibrary(CZhlkMainWnd& frame) {
     ::SendMessageW(splitter, WM_LBUTTONUP, 0, at(60));
     AfxPumpWaitingMessages();
   });
+}
+
+// --- the bar of auxiliary symbols ---
+
+int paints = 0;
+
+LRESULT CALLBACK countPaints(HWND window, UINT message, WPARAM w, LPARAM l, UINT_PTR, DWORD_PTR) {
+  if (message == WM_PAINT) ++paints;
+  return ::DefSubclassProc(window, message, w, l);
+}
+
+// A bar of no size, as at the window's making, so that no folder slides.
+void measureFilling(CZhlkMainWnd& frame) {
+  measure("bar filled with 20 groups of 100 symbols", 1000, [&] {
+    CGfxOutBarCtrl bar;
+    bar.Create(WS_CHILD, {0, 0, 0, 0}, &frame, 7, kLibraryBarFlags);
+    LibraryBar shown(bar);
+    AuxiliaryLibrary library(shown);
+    library.LoadStore();
+    if (bar.GetFolderCount() != kLargeGroups) passed = false;
+    bar.DestroyWindow();
+  });
+}
+
+// A click on the arrow: its release waits already when its press comes.
+void scrollDown(HWND window, const POINT& arrow) {
+  const LPARAM at = MAKELPARAM(arrow.x, arrow.y);
+  ::PostMessageW(window, WM_LBUTTONUP, 0, at);
+  ::SendMessageW(window, WM_LBUTTONDOWN, MK_LBUTTON, at);
+  repaint(window);
+}
+
+void measureBar(CZhlkMainWnd& frame) {
+  const HWND splitter = ::GetDlgItem(frame.m_hWnd, AFX_IDW_PANE_FIRST);
+  const HWND window = ::GetDlgItem(splitter, AFX_IDW_PANE_FIRST + 1);
+  auto& bar = *static_cast<CGfxOutBarCtrl*>(CWnd::FromHandlePermanent(window));
+  frame.MoveWindow(10, 10, 700, 900);
+  AfxPumpWaitingMessages();
+  measure("its open folder of 100 symbols", 5, [&] { repaint(window); });
+  const RECT arrow = bar.view().down;
+  for (int i = 0; i < kLargeItems && bar.view().downShown; ++i) {
+    scrollDown(window, {arrow.left + 3, arrow.top + 3});
+  }
+  if (bar.firstItem() < kLargeItems / 2) passed = false;
+  measure("the same at the list's end", 5, [&] { repaint(window); });
+  ::SetWindowSubclass(window, countPaints, 1, 0);
+  paints = 0;
+  int y = 0;
+  measure("the pointer on another symbol", 5, [&] {
+    y = y % 300 + 13;
+    ::SendMessageW(window, WM_MOUSEMOVE, 0, MAKELPARAM(20, 30 + y));
+    ::UpdateWindow(window);
+  });
+  std::printf("repaints for %d moves of the pointer: %d\n", kRounds, paints);
+  passed = passed && paints == 0;
+  ::RemoveWindowSubclass(window, countPaints, 1);
 }
 
 // All cells of the lattice taken.
@@ -172,12 +231,15 @@ int main() {
     session.line.output = [](std::string_view) {};
     AfxUseSystemWindows();
     setModuleInstance(::GetModuleHandleW(nullptr));
+    if (!makeLargeAuxiliary(folder / "install" / "Datcom" / "zhllib").ok()) return 2;
     auto* frame = new CZhlkMainWnd;
     setLibraryWindow(&frame->Door());
     fillPage(frame->store);
     ShowLibraryWindow();
     AfxPumpWaitingMessages();
     measureLibrary(*frame);
+    measureFilling(*frame);
+    measureBar(*frame);
     measureDialog();
     libraryWindow()->DestroyWindow();
   }
