@@ -3,7 +3,7 @@
 #include <unordered_map>
 
 #include "embedded/base/text.h"
-#include "embedded/drafting/database/moving.h"
+#include "embedded/drafting/database/transform.h"
 #include "embedded/drafting/database/visit.h"
 #include "embedded/drafting/database/xdata.h"
 
