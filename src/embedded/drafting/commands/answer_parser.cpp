@@ -52,6 +52,12 @@ Answer value(Point3 point) {
   return answer;
 }
 
+Answer valueAt(Point3 point) {
+  Answer answer = value(point);
+  answer.atPoint = true;
+  return answer;
+}
+
 Answer value(std::string text) {
   Answer answer;
   answer.outcome = Outcome::Value;
@@ -68,6 +74,7 @@ std::optional<Answer> checked(const Prompt& prompt, double number) {
 
 // A point given where a distance or an angle is asked, measured from the prompt's base.
 std::optional<Answer> measured(const Prompt& prompt, const Point3& point) {
+  if (prompt.opensWithPoint) return valueAt(point);
   if (!prompt.base) return {};
   const Point3 v = point - *prompt.base;
   if (prompt.kind == Ask::Angle) return value(std::atan2(v.y, v.x));
@@ -127,8 +134,22 @@ std::optional<Point3> parsePoint(std::string_view typed, const Point3& last) {
   return origin + Point3{c[0], c[1], c[2]};
 }
 
+std::string pickText(const Point3& point) {
+  return kPickSign + base::formatShortest(point.x) + "," + base::formatShortest(point.y) + "," +
+         base::formatShortest(point.z);
+}
+
 std::optional<Answer> parseAnswer(const Prompt& prompt, std::string_view typed,
                                   const Point3& last) {
+  if (!typed.empty() && typed.front() == kPickSign) {
+    Prompt points = prompt;  // a pick is no text and no keyword
+    points.keywords.clear();
+    if (prompt.kind == Ask::Word || prompt.kind == Ask::Line || prompt.kind == Ask::Command)
+      return {};
+    auto answer = parseAnswer(points, typed.substr(1), last);
+    if (answer) answer->picked = true;
+    return answer;
+  }
   if (const auto keyword = matchKeyword(prompt.keywords, typed)) {
     Answer answer = value(*keyword);
     answer.outcome = Outcome::Keyword;
@@ -154,8 +175,11 @@ std::optional<Answer> parseAnswer(const Prompt& prompt, std::string_view typed,
     case Ask::Integer:
       if (const auto number = parseInteger(typed)) return checked(prompt, *number);
       return {};
-    case Ask::Keyword:
-    case Ask::Selection: return {};
+    case Ask::Selection:
+    case Ask::Entity:
+      if (const auto point = parsePoint(typed, last)) return valueAt(*point);
+      return {};
+    case Ask::Keyword: return {};
   }
   return {};
 }
@@ -167,13 +191,22 @@ std::optional<Answer> answerFromArgument(const Prompt& prompt, const Argument& a
   }
   if (const auto* point = std::get_if<Point3>(&argument)) {
     if (prompt.kind == Ask::Point) return value(*point);
+    if (prompt.kind == Ask::Selection || prompt.kind == Ask::Entity) return valueAt(*point);
     if (prompt.kind == Ask::Distance || prompt.kind == Ask::Angle) return measured(prompt, *point);
     return {};
   }
   if (const auto* selection = std::get_if<Selection>(&argument)) {
-    if (prompt.kind != Ask::Selection) return {};
+    if (prompt.kind != Ask::Selection && prompt.kind != Ask::Entity) return {};
+    if (prompt.kind == Ask::Entity && selection->size() != 1) return {};
     Answer answer = value(0.0);
     answer.selection = *selection;
+    return answer;
+  }
+  if (const auto* entity = std::get_if<PickedEntity>(&argument)) {
+    if (prompt.kind != Ask::Selection && prompt.kind != Ask::Entity) return {};
+    Answer answer = value(entity->point);
+    answer.selection = {entity->handle};
+    answer.atPoint = prompt.kind == Ask::Entity;
     return answer;
   }
   const auto* real = std::get_if<double>(&argument);

@@ -18,6 +18,10 @@ std::optional<std::string> matchKeyword(std::string_view list, std::string_view 
 // "3,4", "3,4,5", "@1,0", "@5<90", "5<90"; `last` is what "@" starts from.
 std::optional<Point3> parsePoint(std::string_view typed, const Point3& last);
 
+// A point that was shown on the screen comes as this sign and its coordinates: no key types it.
+inline constexpr char kPickSign = 1;
+std::string pickText(const Point3& point);
+
 // A whole decimal number, locale-free; nothing else may follow.
 std::optional<double> parseReal(std::string_view typed);
 std::optional<int> parseInteger(std::string_view typed);

@@ -2,6 +2,8 @@
 // of the command line; messages are given in both languages.
 #pragma once
 
+#include <optional>
+
 #include "embedded/drafting/commands/command_line.h"
 #include "embedded/drafting/documents/session.h"
 
@@ -17,9 +19,16 @@ void applyCurrentProperties(const Session& session, Entity& entity);
 // Appends it so to model space; its handle.
 Handle drawEntity(Session& session, std::unique_ptr<Entity> entity);
 
-// Asks for entities until Enter; "L", "P", "ALL", "R" and "A", entity names and sets are taken.
-// Also kept as the previous selection. Nothing if cancelled.
-std::optional<Selection> askSelection(Session& session);
+// Asks for a point; `base` is where the line to it comes from.
+Answer askPoint(Session& session, std::string_view chinese, std::string_view english,
+                std::optional<Point3> base = {}, std::string keywords = {});
+// Asks for a new value of the system variable; says so if there is none of that name.
+void askVariable(Session& session, const std::string& name);
+// Asks for Yes or No; Enter means `defaultAnswer`, Esc no.
+bool askYes(Session& session, std::string_view chinese, std::string_view english,
+            bool defaultAnswer);
+
+inline Point2 flat(const Point3& point) { return {point.x, point.y}; }
 
 // "12.5" for a default in angle brackets.
 std::string shown(double number);

@@ -47,6 +47,16 @@ void addBuiltinCommands(CommandTable& table) {
   addInsertCommands(table);
   addTextCommands(table);
   addEditCommands(table);
+  addTransformCommands(table);
+  addViewCommands(table);
+  addAttributeCommands(table);
+  addExplodeCommand(table);
+  addListCommands(table);
+  addModelCommand(table);
+  addPlotCommand(table);
+  addPropertyCommands(table);
+  addStretchCommand(table);
+  addTrimCommands(table);
   addUndoCommands(table);
   addLayerCommands(table);
   addSettingCommands(table);

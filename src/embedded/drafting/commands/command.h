@@ -16,6 +16,7 @@ struct Command {
   std::string name = {};  // capitals
   std::function<void(Session&)> run = {};
   bool recordsItself = false;  // its undo steps are its own affair (UNDO, OPEN)
+  bool transparent = false;    // may run at another command's prompt, its name behind a "'"
   std::string group = {};      // of commands that a module added
 };
 
@@ -45,6 +46,16 @@ void addDrawCommands(CommandTable& table);
 void addInsertCommands(CommandTable& table);
 void addTextCommands(CommandTable& table);
 void addEditCommands(CommandTable& table);
+void addTransformCommands(CommandTable& table);
+void addViewCommands(CommandTable& table);
+void addAttributeCommands(CommandTable& table);
+void addExplodeCommand(CommandTable& table);
+void addListCommands(CommandTable& table);
+void addModelCommand(CommandTable& table);
+void addPlotCommand(CommandTable& table);
+void addPropertyCommands(CommandTable& table);
+void addStretchCommand(CommandTable& table);
+void addTrimCommands(CommandTable& table);
 void addUndoCommands(CommandTable& table);
 void addLayerCommands(CommandTable& table);
 void addSettingCommands(CommandTable& table);

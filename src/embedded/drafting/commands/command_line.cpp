@@ -1,17 +1,21 @@
 #include "embedded/drafting/commands/command_line.h"
 
+#include <cmath>
 #include <exception>
 #include <utility>
 
+#include "embedded/base/text.h"
 #include "embedded/drafting/commands/answer_parser.h"
+#include "embedded/drafting/commands/ask.h"
 #include "embedded/drafting/commands/command.h"
 #include "embedded/drafting/documents/session.h"
+#include "embedded/drafting/picking/snaps.h"
 
 namespace drafting {
 namespace {
 
 // Nested acedCommand, scripts in LISP in commands: deeper than this is a loop.
-constexpr int kMaxDepth = 32;
+constexpr std::size_t kMaxDepth = 32;
 
 std::string_view refusal(const Session& session, Ask kind) {
   switch (kind) {
@@ -22,12 +26,21 @@ std::string_view refusal(const Session& session, Ask kind) {
     case Ask::Real: return session.say("\n需要数值。", "\nA number is needed.");
     case Ask::Integer: return session.say("\n需要整数值。", "\nA whole number is needed.");
     case Ask::Keyword: return session.say("\n无效的选项关键字。", "\nInvalid option keyword.");
-    case Ask::Selection: return session.say("\n无效的选择。", "\nInvalid selection.");
+    case Ask::Selection:
+    case Ask::Entity: return session.say("\n无效的选择。", "\nInvalid selection.");
     default: return session.say("\n无效的输入。", "\nInvalid input.");
   }
 }
 
+bool takesPoint(Ask kind) {
+  return kind == Ask::Point || kind == Ask::Distance || kind == Ask::Angle;
+}
+
+bool isPick(std::string_view text) { return !text.empty() && text.front() == kPickSign; }
+
 }  // namespace
+
+void CommandLine::pick(const Point3& point) { queue_.append(pickText(point) + "\n"); }
 
 void CommandLine::runScript(std::string_view utf8) {
   std::string input;
@@ -49,7 +62,7 @@ void CommandLine::run() {
   const Prompt prompt{.kind = Ask::Command,
                       .message = std::string(session_.say("\n命令: ", "\nCommand: "))};
   while (!session_.quit) {
-    cancelled_ = false;
+    cancelled_ = snapping_ = transparent_ = false;
     session_.database().journal().settle();
     ready();
     if (queue_.empty() && !wait()) return;
@@ -77,7 +90,10 @@ Answer CommandLine::ask(const Prompt& prompt) {
 
 Answer CommandLine::askArmed(Prompt prompt) {
   prompt.keywords = std::exchange(armed_, {});
-  prompt.needsAnswer = std::exchange(armedNeedsAnswer_, false);
+  const int flags = std::exchange(armedFlags_, 0);
+  prompt.needsAnswer = (flags & 1) != 0;
+  prompt.nonZero = (flags & 2) != 0;
+  prompt.nonNegative = (flags & 4) != 0;
   return ask(prompt);
 }
 
@@ -102,7 +118,7 @@ Answer CommandLine::askQueue(const Prompt& prompt) {
   while (true) {
     print(prompt.message);
     const InputQueue::Token token = nextToken(wholeLine);
-    print(token.text);
+    print(isPick(token.text) ? token.text.substr(1) : token.text);
     Answer answer;
     if (token.ending != InputQueue::Ending::Complete) {
       print(session_.say("*取消*", "*Cancel*"));
@@ -114,28 +130,109 @@ Answer CommandLine::askQueue(const Prompt& prompt) {
 
 CommandLine::Verdict CommandLine::takeTyped(const Prompt& prompt, const InputQueue::Token& token,
                                             Answer& answer) {
-  const Point3 last = session_.variables.point("LASTPOINT");
+  if (!token.isExpression || prompt.kind == Ask::Command)
+    return takeText(prompt, token.text, answer);
+  const lisp::Outcome value = session_.lisp.evaluateText(token.text);
+  if (!value.ok()) print("\n" + value.message());
+  if (cancelled_) return Verdict::Taken;
+  const auto argument = value.ok() ? lisp::toArgument(*value) : std::nullopt;
+  if (!argument) return Verdict::Refused;  // nil asks again
+  auto taken = takeArgument(prompt, *argument);
+  if (!taken) {
+    refuse(prompt);
+    return Verdict::Refused;
+  }
+  answer = std::move(*taken);
+  return Verdict::Taken;
+}
+
+CommandLine::Verdict CommandLine::takeText(const Prompt& prompt, const std::string& text,
+                                           Answer& answer) {
   std::optional<Answer> parsed;
-  if (token.isExpression && prompt.kind != Ask::Command) {
-    const lisp::Outcome value = session_.lisp.evaluateText(token.text);
-    if (!value.ok()) print("\n" + value.message());
-    if (cancelled_) return Verdict::Taken;
-    const auto argument = value.ok() ? lisp::toArgument(*value) : std::nullopt;
-    if (!argument) return Verdict::Refused;  // nil asks again
-    parsed = answerFromArgument(prompt, *argument, last);
-  } else if (token.text.empty()) {
-    if (!prompt.needsAnswer) {
-      answer.outcome = Outcome::Enter;
-      return Verdict::Taken;
-    }
+  if (text.empty()) {
+    if (!prompt.needsAnswer) parsed = Answer{.outcome = Outcome::Enter};
+  } else if (text.front() == '\'' && prompt.kind != Ask::Command && prompt.kind != Ask::Line) {
+    runTransparent(text);
+    return Verdict::Refused;
+  } else if (takesPoint(prompt.kind) && !matchKeyword(prompt.keywords, text)) {
+    const auto modes = snapping_ ? std::nullopt : parseSnapModes(text);
+    if (modes) return takeSnapped(prompt, *modes, answer);
+    const Point3 last = session_.variables.point("LASTPOINT");
+    parsed = parseAnswer(prompt, text, last);
+    const auto point =
+        parsed ? parsePoint(isPick(text) ? text.substr(1) : text, last) : std::nullopt;
+    if (point) parsed = answerAt(prompt, *point, isPick(text));
   } else {
-    parsed = parseAnswer(prompt, token.text, last);
+    parsed = parseAnswer(prompt, text, session_.variables.point("LASTPOINT"));
   }
   if (!parsed) {
     refuse(prompt);
     return Verdict::Refused;
   }
   answer = std::move(*parsed);
+  return Verdict::Taken;
+}
+
+std::optional<Answer> CommandLine::takeArgument(const Prompt& prompt, const Argument& argument) {
+  const auto* point = std::get_if<Point3>(&argument);
+  if (point && takesPoint(prompt.kind)) return answerAt(prompt, *point, false);
+  return answerFromArgument(prompt, argument, session_.variables.point("LASTPOINT"));
+}
+
+// --- points that mean others
+
+// Running snaps and ortho go for picked points; for the others snaps do as OSNAPCOORD says.
+std::optional<Answer> CommandLine::answerAt(const Prompt& prompt, const Point3& point,
+                                            bool picked) {
+  Point3 meant = point;
+  if (!snapping_) {
+    const int modes = session_.variables.integer("OSMODE");
+    const bool running = modes != 0 && !(modes & kSnapOff) &&
+                         (picked || session_.variables.integer("OSNAPCOORD") == 0);
+    const auto found = running ? snapped(prompt, point, modes) : std::nullopt;
+    meant = found ? *found : picked ? straightened(prompt, point) : point;
+  }
+  auto answer = answerFromArgument(prompt, meant, session_.variables.point("LASTPOINT"));
+  if (answer) answer->picked = picked;
+  return answer;
+}
+
+std::optional<Point3> CommandLine::snapped(const Prompt& prompt, const Point3& point, int modes) {
+  SnapQuery query{.modes = modes, .point = {point.x, point.y}};
+  query.reach = session_.variables.integer("APERTURE") * session_.view.unitsPerPixel();
+  if (prompt.base) query.base = Point2{prompt.base->x, prompt.base->y};
+  const auto found = snapPoint(session_.database(), session_.index(), query);
+  if (!found) return {};
+  return Point3{found->x, found->y, point.z};
+}
+
+// With ORTHOMODE on, the nearer of the two directions of the axes.
+Point3 CommandLine::straightened(const Prompt& prompt, const Point3& point) const {
+  if (!prompt.base || session_.variables.integer("ORTHOMODE") == 0) return point;
+  const bool flat = std::abs(point.x - prompt.base->x) >= std::abs(point.y - prompt.base->y);
+  return flat ? Point3{point.x, prompt.base->y, point.z} : Point3{prompt.base->x, point.y, point.z};
+}
+
+// "END" at a point's prompt asks for the point to snap at; the prompt is put again if none is
+// there.
+CommandLine::Verdict CommandLine::takeSnapped(const Prompt& prompt, int modes, Answer& answer) {
+  Prompt where{.kind = Ask::Point, .message = std::string(session_.say(" 于 ", " of "))};
+  where.needsAnswer = true;
+  snapping_ = true;
+  const Answer at = sources_.empty() ? askQueue(where) : askSource(where, *sources_.back());
+  snapping_ = false;
+  if (!at.hasValue()) {
+    answer = at;
+    return Verdict::Taken;
+  }
+  const auto point =
+      modes == 0 ? std::optional<Point3>(at.point) : snapped(prompt, at.point, modes);
+  const auto meant = point ? answerFromArgument(prompt, *point, *point) : std::nullopt;
+  if (!meant) {
+    print(session_.say("\n未找到指定的捕捉点。", "\nThere is no such point to snap to."));
+    return Verdict::Refused;
+  }
+  answer = *meant;
   return Verdict::Taken;
 }
 
@@ -146,14 +243,14 @@ Answer CommandLine::askSource(const Prompt& prompt, Source& source) {
     const Argument& argument = source.left.front();
     source.left = source.left.subspan(1);
     if (std::holds_alternative<Pause>(argument)) return askQueue(prompt);
-    const auto* text = std::get_if<std::string>(&argument);
-    if (text && text->empty()) {
-      if (!prompt.needsAnswer) return {.outcome = Outcome::Enter};
-    } else if (const auto answer =
-                   answerFromArgument(prompt, argument, session_.variables.point("LASTPOINT"))) {
+    if (const auto* text = std::get_if<std::string>(&argument)) {
+      Answer answer;
+      if (takeText(prompt, *text, answer) == Verdict::Taken) return answer;
+    } else if (auto answer = takeArgument(prompt, argument)) {
       return *answer;
+    } else {
+      refuse(prompt);
     }
-    refuse(prompt);
   }
   if (prompt.defaultAtEnd) return {.outcome = Outcome::Enter};
   source.ranOut = true;
@@ -163,7 +260,7 @@ Answer CommandLine::askSource(const Prompt& prompt, Source& source) {
 // --- running
 
 bool CommandLine::command(std::span<const Argument> arguments) {
-  if (depth_ >= kMaxDepth) {
+  if (running_.size() >= kMaxDepth) {
     print(session_.say("\n命令嵌套太深。", "\nCommands are nested too deeply."));
     return false;
   }
@@ -203,12 +300,12 @@ class CommandLine::Running {
   Running(CommandLine& line, const Command& command)
       : line_(line),
         journal_(command.recordsItself ? nullptr : &line.session_.database().journal()) {
-    ++line_.depth_;
+    line_.running_.push_back(command.name);
     if (journal_) journal_->begin(command.name);
   }
   ~Running() {
     if (journal_) journal_->end();
-    --line_.depth_;
+    line_.running_.pop_back();
   }
   Running(const Running&) = delete;
   Running& operator=(const Running&) = delete;
@@ -218,18 +315,42 @@ class CommandLine::Running {
   Journal* journal_;
 };
 
-bool CommandLine::runNamed(std::string name) {
+// Within a prompt: the command that waits goes on behind it.
+void CommandLine::runTransparent(std::string name) {
+  if (transparent_) {
+    print(session_.say("\n透明命令不能嵌套。", "\nA transparent command is running already."));
+    return;
+  }
+  transparent_ = true;
+  runNamed(std::move(name), true);
+  transparent_ = false;
+  if (!running_.empty()) {
+    print("\n" + std::string(session_.say("正在恢复执行 ", "Resuming ")) + running_.back() +
+          std::string(session_.say(" 命令。", ".")));
+  }
+}
+
+bool CommandLine::runNamed(std::string name, bool transparently) {
   while (!name.empty() && (name.front() == '_' || name.front() == '.' || name.front() == '\'')) {
     name.erase(0, 1);
   }
   const Command* found = session_.commands.find(name);
+  if (!found && session_.variables.get(name)) {  // a variable's name asks for its value
+    askVariable(session_, base::capitals(name));
+    return true;
+  }
   if (!found) {
     print(std::string(session_.say("\n未知命令“", "\nUnknown command \"")) + name +
           std::string(session_.say("”。", "\".")));
     return false;
   }
   const Command command = *found;  // it may remove its own group
-  if (sources_.empty()) lastCommand_ = command.name;
+  if (transparently && !command.transparent) {
+    print("\n" + command.name +
+          std::string(session_.say(" 不能在其他命令中使用。", " can't be used within a command.")));
+    return false;
+  }
+  if (sources_.empty() && !transparently) lastCommand_ = command.name;
   const Running running(*this, command);
   command.run(session_);
   return true;

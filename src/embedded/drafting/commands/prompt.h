@@ -24,7 +24,8 @@ enum class Ask {
   Keyword,    // one of `keywords`
   Word,       // text up to a blank
   Line,       // text up to the end of the line
-  Selection,  // one contribution to a selection
+  Selection,  // one contribution to a selection: names, or a point to pick at
+  Entity,     // one entity: a point to pick at, a name, or a name with the point
 };
 
 struct Prompt {
@@ -35,6 +36,7 @@ struct Prompt {
   bool needsAnswer = false;   // Enter is refused
   bool defaultAtEnd = false;  // an argument list that runs out counts as Enter (attributes)
   bool nonNegative = false, nonZero = false;
+  bool opensWithPoint = false;  // of a distance or an angle: a point is taken, with `atPoint`
 };
 
 enum class Outcome { Value, Keyword, Enter, Cancelled };
@@ -46,6 +48,8 @@ struct Answer {
   int integer = 0;
   std::string text = {};  // keyword in full as the list spells it, word or line
   Selection selection = {};
+  bool atPoint = false;  // of a selection or an entity: `point` says where
+  bool picked = false;   // the point was shown on the screen and not typed
 
   bool hasValue() const { return outcome == Outcome::Value; }
   bool isKeyword(std::string_view keyword) const {
@@ -58,6 +62,10 @@ struct Answer {
 // One argument of acedCommand, or the value of a LISP expression given at a prompt. Text counts as
 // typed: "" is Enter, "3,4" a point, "W" a keyword.
 struct Pause {};
-using Argument = std::variant<std::string, double, int, Point3, Selection, Pause>;
+struct PickedEntity {  // with the point that it was picked at
+  Handle handle = 0;
+  Point3 point = {};
+};
+using Argument = std::variant<std::string, double, int, Point3, Selection, PickedEntity, Pause>;
 
 }  // namespace drafting

@@ -4,7 +4,7 @@
 
 #include "embedded/base/paths.h"
 #include "embedded/base/text.h"
-#include "embedded/drafting/commands/ask.h"
+#include "embedded/drafting/commands/select.h"
 #include "embedded/drafting/database/clone.h"
 #include "embedded/drafting/documents/drawing_files.h"
 

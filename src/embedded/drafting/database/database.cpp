@@ -37,14 +37,19 @@ bool Database::tableOf(const Object& object, Table& table) const {
   return control != nullptr;
 }
 
-void Database::remember(Object& object) {
+void Database::touch(const Object& object) {
   index_.touch(object);
+  for (ChangeWatcher* watcher : watchers_) watcher->touched(object);
+}
+
+void Database::remember(Object& object) {
+  touch(object);
   Table table;
   if (tableOf(object, table)) addName(static_cast<const Record&>(object), table);
 }
 
 void Database::forget(Object& object) {
-  index_.touch(object);
+  touch(object);
   Table table;
   if (tableOf(object, table)) removeName(static_cast<const Record&>(object), table);
 }
@@ -129,7 +134,7 @@ void Database::setRecordPlace(Handle control, Handle record, std::size_t place, 
 
 void Database::willChange(Object& object) {
   journal_.willChange(object);
-  index_.touch(object);
+  touch(object);
 }
 
 bool Database::adopt(std::unique_ptr<Object> object) {

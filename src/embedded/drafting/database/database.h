@@ -14,6 +14,7 @@
 #include <unordered_map>
 #include <vector>
 
+#include "embedded/drafting/database/change_watcher.h"
 #include "embedded/drafting/database/entities.h"
 #include "embedded/drafting/database/handle_table.h"
 #include "embedded/drafting/database/header.h"
@@ -101,6 +102,10 @@ class Database {
   Journal& journal() { return journal_; }
   const Journal& journal() const { return journal_; }
 
+  // Told of every change, undo and redo included, until it is removed; it must be before it goes.
+  void addWatcher(ChangeWatcher& watcher) { watchers_.push_back(&watcher); }
+  void removeWatcher(ChangeWatcher& watcher) { std::erase(watchers_, &watcher); }
+
   // --- for readers, which set owners and handles themselves; nothing of it is recorded
   // Takes the object under its handle; false, and the object is gone, if that is 0 or taken.
   bool adopt(std::unique_ptr<Object> object);
@@ -116,6 +121,7 @@ class Database {
 
   void remember(Object& object);  // look-ups learn it; call after it came or changed
   void forget(Object& object);    // call before it changes or goes
+  void touch(const Object& object);
   void destroy(Handle handle);
   void leaveChain(Handle owner, Entity& entity);
   void setRecordPlace(Handle control, Handle record, std::size_t place, bool present);
@@ -152,6 +158,7 @@ class Database {
   std::array<bool, kTableCount> hasDuplicates_{};
   mutable SpaceIndex index_{*this};
   Journal journal_{*this};
+  std::vector<ChangeWatcher*> watchers_;
 };
 
 }  // namespace drafting

@@ -28,6 +28,8 @@ struct DisplayOptions {
   const TextFont* font = nullptr;       // of all texts, whatever their styles name
 };
 
+class ListBuilder;
+
 class DisplayList {
  public:
   enum class Kind : std::uint8_t { Stroke, Area, Label };
@@ -65,6 +67,7 @@ class DisplayList {
 
  private:
   friend class ListBuilder;
+  void clear();  // keeps the memory
   std::vector<Item> items_;
   std::vector<Point2> points_;
   std::vector<Label> labels_;
@@ -72,6 +75,21 @@ class DisplayList {
   std::map<std::string, int> notShown_;
   std::set<std::string> fontNotes_;
   bool cut_ = false;
+};
+
+// Pictures of single entities, one after another, by one set of fonts: for picking.
+class EntityPictures {
+ public:
+  explicit EntityPictures(const Database& database, const DisplayOptions& options = {});
+  ~EntityPictures();
+
+  // What is seen of an entity of model space; good until the next call. Layers count as they are
+  // now, text styles as they were when first used.
+  const DisplayList& of(const Entity& entity);
+
+ private:
+  DisplayOptions options_;
+  std::unique_ptr<ListBuilder> builder_;
 };
 
 struct PaintStyle {

@@ -70,6 +70,13 @@ class ListBuilder {
     return std::move(list_);
   }
 
+  const DisplayList& runOne(const Entity& entity) {
+    list_.clear();
+    stepsLeft_ = options_.limit;
+    showEntity(entity, {});
+    return list_;
+  }
+
  private:
   // --- what holds for all entities
 
@@ -324,6 +331,21 @@ class ListBuilder {
   Look look_{};
   DisplayList list_;
 };
+
+void DisplayList::clear() {
+  items_.clear();
+  points_.clear();
+  labels_.clear();
+  bounds_ = {};
+  notShown_.clear();
+  cut_ = false;
+}
+
+EntityPictures::EntityPictures(const Database& database, const DisplayOptions& options)
+    : options_(options), builder_(std::make_unique<ListBuilder>(database, options_)) {}
+EntityPictures::~EntityPictures() = default;
+
+const DisplayList& EntityPictures::of(const Entity& entity) { return builder_->runOne(entity); }
 
 DisplayList DisplayList::of(const Database& database, const DisplayOptions& options) {
   return ListBuilder(database, options).run();

@@ -4,7 +4,7 @@
 #include <memory>
 #include <string>
 
-#include "embedded/drafting/database/database.h"
+#include "embedded/drafting/picking/entity_index.h"
 
 class AcDbDatabaseState;
 
@@ -16,11 +16,20 @@ struct Document {
   Document(const Document&) = delete;
   Document& operator=(const Document&) = delete;
 
+  // Where its entities are seen; made when first asked for.
+  EntityIndex& index() {
+    if (!index_) index_ = std::make_unique<EntityIndex>(*database);
+    return *index_;
+  }
+
   std::unique_ptr<Database> database;
   std::string path;  // UTF-8; empty for a drawing never saved
   int locks = 0;     // lockDoc calls not yet undone
   // What modules' handles to this drawing share; made when a module first asks for the drawing.
   std::shared_ptr<AcDbDatabaseState> state;
+
+ private:
+  std::unique_ptr<EntityIndex> index_;  // goes before the drawing that it watches
 };
 
 }  // namespace drafting

@@ -36,6 +36,7 @@ Session::Session()
       document_(emptyDocument()),
       recovery(*this) {
   addBuiltinCommands(commands);
+  view.takeFrom(database());
   lisp.interrupted = [this] { return line.cancelled(); };
   g_active = this;
 }
@@ -82,6 +83,7 @@ base::Status Session::recoverDrawing(const std::filesystem::path& record) {
 }
 
 base::Status Session::saveDrawing(const std::string& path) {
+  view.storeIn(database());
   base::Status status = saveDrawingFile(
       database(), path, [this](std::string_view note) { print("\n" + std::string(note)); });
   if (status.ok()) {
@@ -100,8 +102,10 @@ base::Status Session::replaceDocument(std::unique_ptr<Document> document) {
   modules.sendToAll(AcRx::kUnloadDwgMsg);
   selections_.clear();
   previousSelection.clear();
+  erased.clear();
   recovery.discard();
   document_ = std::move(document);
+  view.takeFrom(database());
   modules.sendToAll(AcRx::kLoadDwgMsg);
   return {};
 }
@@ -109,6 +113,11 @@ base::Status Session::replaceDocument(std::unique_ptr<Document> document) {
 std::int64_t Session::keepSelection(Selection selection) {
   selections_.emplace(++lastSelection_, std::move(selection));
   return lastSelection_;
+}
+
+Selection* Session::editSelection(std::int64_t number) {
+  const auto found = selections_.find(number);
+  return found == selections_.end() ? nullptr : &found->second;
 }
 
 const Selection* Session::selection(std::int64_t number) const {

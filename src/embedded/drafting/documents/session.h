@@ -6,6 +6,7 @@
 #include <memory>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "embedded/base/status.h"
 #include "embedded/drafting/commands/command.h"
@@ -15,9 +16,16 @@
 #include "embedded/drafting/documents/modules.h"
 #include "embedded/drafting/documents/recovery.h"
 #include "embedded/drafting/documents/system_variables.h"
+#include "embedded/drafting/documents/view.h"
 #include "embedded/drafting/lisp/interpreter.h"
 
 namespace drafting {
+
+// What ERASE took, so that OOPS can bring it back.
+struct ErasedEntity {
+  std::shared_ptr<Entity> entity;
+  std::vector<std::shared_ptr<Entity>> attributes;
+};
 
 enum class Language { Chinese, English };
 
@@ -37,6 +45,7 @@ class Session {
   Document& document() { return *document_; }
   const Document& document() const { return *document_; }
   Database& database() const { return *document_->database; }
+  EntityIndex& index() { return document_->index(); }
 
   // Each replaces the drawing and tells the modules. Refused while a module is on the stack: its
   // prompt must be cancelled first.
@@ -56,6 +65,7 @@ class Session {
   // Selection sets that modules and LISP hold, by number.
   std::int64_t keepSelection(Selection selection);
   const Selection* selection(std::int64_t number) const;
+  Selection* editSelection(std::int64_t number);
   bool dropSelection(std::int64_t number) { return selections_.erase(number) != 0; }
 
   Language language;
@@ -63,9 +73,11 @@ class Session {
   CommandTable commands;
   CommandLine line;
   SystemVariables variables;
+  View view;
   Modules modules;
   lisp::Interpreter lisp;
   Selection previousSelection;
+  std::vector<ErasedEntity> erased;
   HWND mainWindow = nullptr;  // the desktop's; null without windows
   bool quit = false;          // QUIT was given: no more input is taken
 

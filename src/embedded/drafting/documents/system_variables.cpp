@@ -41,6 +41,12 @@ const Row kRows[] = {
     {"LASTPOINT", Store::Own, Point3{}},
     {"OSMODE", Store::Own, 0, 0, 32767},
     {"SAVETIME", Store::Own, 10, 0, 600},
+    {"OSNAPCOORD", Store::Own, 2, 0, 2},
+    {"APERTURE", Store::Own, 10, 1, 50},
+    {"PICKBOX", Store::Own, 3, 0, 50},
+    {"VIEWCTR", Store::Computed, 0, 0, 0, true},
+    {"VIEWSIZE", Store::Computed, 0, 0, 0, true},
+    {"SCREENSIZE", Store::Computed, 0, 0, 0, true},
     {"ACADVER", Store::Own, std::string("15.0"), 0, 0, true},
     {"PLATFORM", Store::Own, std::string("Vornik drafting"), 0, 0, true},
     {"CLAYER", Store::Record},
@@ -56,6 +62,9 @@ const Row kRows[] = {
     {"EXTMAX", Store::Drawing, 0, 0, 0, true},
     {"DIMSCALE", Store::Drawing, 0, 0},
     {"LTSCALE", Store::Drawing, 0, 1e-99},
+    {"CELTSCALE", Store::Drawing, 0, 1e-99},
+    {"MIRRTEXT", Store::Drawing, 0, 0, 1},
+    {"ORTHOMODE", Store::Drawing, 0, 0, 1},
     {"TEXTSIZE", Store::Drawing, 0, 1e-99},
     {"PLINEWID", Store::Drawing, 0, 0},
     {"PDMODE", Store::Drawing, 0, 0, 100},
@@ -95,6 +104,11 @@ VariableValue computed(const Session& session, const Document& document, std::st
   if (base::equalsNoCase(name, "DWGPREFIX")) {
     return document.path.substr(0, document.path.size() - fileName(document.path).size());
   }
+  if (base::equalsNoCase(name, "VIEWCTR")) {
+    return Point3{session.view.centre().x, session.view.centre().y, 0};
+  }
+  if (base::equalsNoCase(name, "VIEWSIZE")) return session.view.height();
+  if (base::equalsNoCase(name, "SCREENSIZE")) return session.view.screenSize();
   if (base::equalsNoCase(name, "DWGTITLED")) return document.path.empty() ? 0 : 1;
   return document.database->journal().changedSinceSave() ? 1 : 0;
 }

@@ -111,7 +111,7 @@ int acedCommand(int type, ...) {
 }
 
 int acedInitGet(int flags, const wchar_t* keywords) {
-  Session::active().line.armKeywords(drafting::utf8(keywords), (flags & 1) != 0);
+  Session::active().line.armKeywords(drafting::utf8(keywords), flags);
   return RTNORM;
 }
 

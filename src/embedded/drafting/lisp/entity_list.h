@@ -9,4 +9,8 @@ namespace drafting::lisp {
 // Nil if there is no such entity.
 Value makeEntityList(const Database& database, Handle handle);
 
+// Gives the entity that the list names (group -1) the values of its other groups; false, and
+// nothing changed, if there is no such entity or a value is wrong.
+bool changeEntity(Database& database, const Value& list);
+
 }  // namespace drafting::lisp

@@ -1,10 +1,8 @@
-// LISP's way to the drawing and the command line: command, variables, entities, selection sets,
-// output, files.
+// LISP's way to the drawing and the command line: command, variables, entities, output, files.
 #include "embedded/base/files.h"
 #include "embedded/base/numbers.h"
 #include "embedded/base/paths.h"
 #include "embedded/base/text.h"
-#include "embedded/drafting/commands/selection_filter.h"
 #include "embedded/drafting/lisp/builtins.h"
 #include "embedded/drafting/lisp/entity_list.h"
 
@@ -103,55 +101,19 @@ Value entityOfHandle(Interpreter& lisp, const Arguments& a) {
   return lisp.session().database().find<Entity>(handle) ? Value(EntityName{handle}) : Value();
 }
 
-// A filter list: (0 . "POINT"), (8 . "layer"), (-3 ("APP")).
-SelectionFilter filterOf(const Value& list) {
-  SelectionFilter filter;
-  for (Value rest = list; rest.pair(); rest = rest.rest()) {
-    const Value pair = rest.first();
-    const Value code = pair.first();
-    const Value value = code.same(-3) ? pair.rest().first().first() : pair.rest();
-    if (!value.text()) continue;
-    if (code.same(-3)) filter.app = *value.text();
-    if (code.same(0)) filter.type = *value.text();
-    if (code.same(8)) filter.layer = *value.text();
-  }
-  return filter;
+Value changeEntityList(Interpreter& lisp, const Arguments& a) {
+  if (!a[0].pair()) return lisp.failArgument(a[0], "listp");
+  return changeEntity(lisp.session().database(), a[0]) ? a[0] : Value();
 }
 
-Value selectSet(Interpreter& lisp, const Arguments& a) {
-  Session& session = lisp.session();
-  Selection found;
-  const std::string mode = a.empty() || !a[0].text() ? "" : *a[0].text();
-  if (base::equalsNoCase(mode, "X")) {
-    found = selectAll(session.database(), a.size() > 1 ? filterOf(a.back()) : SelectionFilter{});
-  } else if (base::equalsNoCase(mode, "L")) {
-    if (session.database().lastEntity()) found = {session.database().lastEntity()};
-  } else if (base::equalsNoCase(mode, "P")) {
-    found = session.previousSelection;
-  } else {
-    return lisp.fail(std::string(session.say("ssget: 未知的选择方式", "ssget: unknown mode")));
-  }
-  if (found.empty()) return {};
-  return SelectionSetName{session.keepSelection(std::move(found))};
-}
-
-const Selection* setOf(Interpreter& lisp, const Value& value) {
-  const auto* name = value.selectionSet();
-  const Selection* set = name ? lisp.session().selection(name->id) : nullptr;
-  if (!set) lisp.failArgument(value, "lselsetp");
-  return set;
-}
-
-Value setLength(Interpreter& lisp, const Arguments& a) {
-  const Selection* set = setOf(lisp, a[0]);
-  return set ? Value(static_cast<int>(set->size())) : Value();
-}
-
-Value setEntity(Interpreter& lisp, const Arguments& a) {
-  const Selection* set = setOf(lisp, a[0]);
-  const int* index = set ? integerOf(lisp, a[1]) : nullptr;
-  if (!index || *index < 0 || static_cast<std::size_t>(*index) >= set->size()) return {};
-  return EntityName{(*set)[static_cast<std::size_t>(*index)]};
+Value eraseEntity(Interpreter& lisp, const Arguments& a) {
+  const auto* name = a[0].entity();
+  if (!name) return lisp.failArgument(a[0], "lentityp");
+  Database& database = lisp.session().database();
+  const auto* entity = database.find<Entity>(name->handle);
+  if (!entity || entity->owner != database.modelSpace().handle) return {};
+  database.erase(name->handle);
+  return a[0];
 }
 
 Value load(Interpreter& lisp, const Arguments& a) {
@@ -198,9 +160,8 @@ void defineHostFunctions(Interpreter& lisp) {
   defineFunction(lisp, "entnext", 0, 1, nextEntity);
   defineFunction(lisp, "entget", 1, 2, entityList);
   defineFunction(lisp, "handent", 1, 1, entityOfHandle);
-  defineFunction(lisp, "ssget", 0, 2, selectSet);
-  defineFunction(lisp, "sslength", 1, 1, setLength);
-  defineFunction(lisp, "ssname", 2, 2, setEntity);
+  defineFunction(lisp, "entmod", 1, 1, changeEntityList);
+  defineFunction(lisp, "entdel", 1, 1, eraseEntity);
   defineFunction(lisp, "load", 1, 2, load);
   defineFunction(lisp, "polar", 3, 3, polar);
   defineFunction(lisp, "distance", 2, 2, distanceBetween);

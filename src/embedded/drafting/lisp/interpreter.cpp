@@ -31,6 +31,8 @@ Interpreter::Interpreter(Session& session) : session_(session) {
   defineLists(*this);
   defineTexts(*this);
   defineHostFunctions(*this);
+  definePromptFunctions(*this);
+  defineSelectionFunctions(*this);
   set("T", Value::t());
   set("PI", base::kPi);
   set("PAUSE", Symbol{"PAUSE"});

@@ -66,5 +66,7 @@ void defineArithmetic(Interpreter& lisp);
 void defineLists(Interpreter& lisp);
 void defineTexts(Interpreter& lisp);
 void defineHostFunctions(Interpreter& lisp);
+void definePromptFunctions(Interpreter& lisp);
+void defineSelectionFunctions(Interpreter& lisp);
 
 }  // namespace drafting::lisp

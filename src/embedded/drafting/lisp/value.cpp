@@ -172,6 +172,11 @@ std::optional<Argument> toArgument(const Value& value) {
     return found ? *found : Selection{};
   }
   if (const auto point = toPoint(value)) return *point;
+  const Value head = value.first();
+  if (const auto* entity = head.entity()) {  // as entsel gives it
+    const auto point = toPoint(value.rest().first());
+    if (point && value.rest().rest().isNil()) return PickedEntity{entity->handle, *point};
+  }
   if (value.symbol() && value.symbol()->name == "PAUSE") return Pause{};
   return {};
 }
