@@ -9,6 +9,7 @@
 namespace {
 
 constexpr int kMostSteps = 20000;
+constexpr std::size_t kMostEntities = 2000;
 
 void require(bool condition) {
   if (!condition) std::abort();
@@ -23,9 +24,14 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   int steps = 0;
   session.lisp.interrupted = [&steps] { return ++steps > kMostSteps; };
   const std::string_view text(reinterpret_cast<const char*>(data), size);
-  for (const char* file : {"/", "\\", "SAVE", "OPEN", "ARX", "SCRIPT", "INSERT"}) {
+  for (const char* file :
+       {"/", "\\", "SAVE", "OPEN", "ARX", "SCRIPT", "INSERT", "PLOT", "PRINT", "WBLOCK"}) {
     if (base::lowerCase(text).find(base::lowerCase(file)) != std::string::npos) return 0;
   }
+  // Copies of everything, again and again, end as if Esc were pressed.
+  session.line.output = [&session](std::string_view) {
+    if (session.database().modelSpace().count > kMostEntities) session.line.cancel();
+  };
   session.line.type(text);
   session.line.run();
   require(!session.line.insideCommand() && !session.line.answersComeFromArguments());

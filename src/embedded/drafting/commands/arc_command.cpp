@@ -11,8 +11,10 @@ constexpr double kFullTurn = 2 * base::kPi;
 
 double angleOf(Point2 v) { return std::atan2(v.y, v.x); }
 double positive(double angle) {
-  const double rest = std::fmod(angle, kFullTurn);
-  return rest < 0 ? rest + kFullTurn : rest;
+  constexpr double kHair = 1e-12;
+  double rest = std::fmod(angle, kFullTurn);
+  if (rest < 0) rest += kFullTurn;
+  return kFullTurn - rest < kHair ? 0 : rest;
 }
 
 class ArcCommand {

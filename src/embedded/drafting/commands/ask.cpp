@@ -33,11 +33,4 @@ Answer askPoint(Session& session, std::string_view chinese, std::string_view eng
                            .base = base});
 }
 
-bool askYes(Session& session, std::string_view chinese, std::string_view english,
-            bool defaultAnswer) {
-  const Answer answer = session.line.ask(
-      {.kind = Ask::Keyword, .message = message(session, chinese, english), .keywords = "Yes No"});
-  return answer.entered() ? defaultAnswer : answer.isKeyword("Yes");
-}
-
 }  // namespace drafting

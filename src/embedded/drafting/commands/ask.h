@@ -24,10 +24,6 @@ Answer askPoint(Session& session, std::string_view chinese, std::string_view eng
                 std::optional<Point3> base = {}, std::string keywords = {});
 // Asks for a new value of the system variable; says so if there is none of that name.
 void askVariable(Session& session, const std::string& name);
-// Asks for Yes or No; Enter means `defaultAnswer`, Esc no.
-bool askYes(Session& session, std::string_view chinese, std::string_view english,
-            bool defaultAnswer);
-
 inline Point2 flat(const Point3& point) { return {point.x, point.y}; }
 
 // "12.5" for a default in angle brackets.

@@ -33,4 +33,7 @@ std::string linetypeName(const Database& database, Handle linetype);
 // Whether a record may be called so; asks nobody.
 bool isLegalName(std::string_view name);
 
+// LINETYPE; the other commands on properties bring it along.
+void addLinetypeCommand(CommandTable& table);
+
 }  // namespace drafting

@@ -137,6 +137,7 @@ void addPropertyCommands(CommandTable& table) {
   table.add({.name = "CHPROP", .run = changeProperties});
   table.add({.name = "CHANGE", .run = change});
   table.addAlias("-CH", "CHANGE");
+  addLinetypeCommand(table);
 }
 
 }  // namespace drafting

@@ -123,7 +123,7 @@ class TrimCommand {
     return false;
   }
 
-  // The first part takes the entity's handle.
+  // The first part takes the entity's handle, unless it is of another kind: undo goes by handles.
   void replace(Handle handle, std::vector<std::unique_ptr<Entity>> parts) {
     auto* block = database().find<BlockRecord>(database().find<Entity>(handle)->owner);
     Change change;
@@ -131,7 +131,7 @@ class TrimCommand {
         static_cast<Entity*>(copyObject(*database().find<Entity>(handle)).release()));
     change.handle = handle;
     database().erase(handle);
-    parts.front()->handle = handle;
+    parts.front()->handle = parts.front()->kind == change.before->kind ? handle : 0;
     for (auto& part : parts) change.made.push_back(database().append(*block, std::move(part)));
     changes_.push_back(std::move(change));
   }

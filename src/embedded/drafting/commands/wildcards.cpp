@@ -52,11 +52,11 @@ bool matchesOne(std::string_view text, std::string_view pattern) {
 }  // namespace
 
 bool matchesPattern(std::string_view text, std::string_view pattern) {
-  const std::string small = base::lowerCase(text), all = base::lowerCase(pattern);
+  const std::string name = base::lowerCase(text), all = base::lowerCase(pattern);
   std::string_view rest = all;
   while (true) {
     const std::size_t comma = rest.find(',');
-    if (matchesOne(small, rest.substr(0, comma))) return true;
+    if (matchesOne(name, rest.substr(0, comma))) return true;
     if (comma == std::string_view::npos) return false;
     rest.remove_prefix(comma + 1);
   }
