@@ -200,8 +200,10 @@ class Transformer {
     return true;
   }
 
-  bool apply(RawEntity&) { return false; }
-  bool apply(Object&) { return true; }  // heads and ends have no place
+  bool apply(Block&) { return true; }  // heads and ends have no place
+  bool apply(EndBlock&) { return true; }
+  bool apply(SeqEnd&) { return true; }
+  bool apply(Object&) { return false; }
 
  private:
   template <class T>
