@@ -31,8 +31,8 @@ std::optional<int> parseSnapModes(std::string_view typed);
 struct SnapQuery {
   int modes = 0;
   Point2 point;
-  double reach = 0;            // half the side of the aperture
-  std::optional<Point2> base;  // where a line to the point comes from (perpendicular, tangent)
+  double reach = 0;                 // half the side of the aperture
+  std::optional<Point2> base = {};  // where a line to the point comes from (perpendicular, tangent)
 };
 
 // The point nearest to the picked one, of all the modes; "nearest" counts only where nothing else
