@@ -1,10 +1,11 @@
-// DWG files of any bytes: read or refused with a message; what was read can be written, and reads
-// back with as many objects.
+// DWG files of any bytes: read or refused with a message; what was read can be shown and written,
+// and reads back with as many objects.
 #include <cstddef>
 #include <cstdint>
 #include <cstdlib>
 #include <string_view>
 
+#include "embedded/drafting/display/display_list.h"
 #include "embedded/drafting/dwg/dwg_reader.h"
 #include "embedded/drafting/dwg/dwg_writer.h"
 
@@ -25,6 +26,10 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     require(!read.message().empty());
     return 0;
   }
+  // Hatches, linetypes and blocks without end cost no more than the limit.
+  DisplayOptions options;
+  options.limit = 100'000;
+  require(DisplayList::of(**read, options).chunks().size() <= (*read)->modelSpace().count);
   const auto written = writeDwg(**read);
   if (!written.ok()) {
     require(!written.message().empty());

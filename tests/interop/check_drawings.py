@@ -10,6 +10,7 @@ our DXF, and of our DWG the DXF that LibreDWG makes of it. Each knows only some 
 below say which.
 """
 
+import collections
 import concurrent.futures
 import json
 import pathlib
@@ -23,13 +24,14 @@ DATA = HERE.parent / "data" / "dwg"
 PYTHON = "/usr/bin/python3"
 
 # Kinds that a reader doesn't count, and kinds that it knows at all.
-LIBREDWG_SKIPS = {"SEQEND", "VERTEX", "TRACE", "REGION", "POLYLINE", "SHAPE", "MINSERT"}
+LIBREDWG_SKIPS = {"SEQEND", "VERTEX", "TRACE", "REGION", "POLYLINE", "POLYLINE2D", "POLYLINE3D",
+                  "SHAPE", "MINSERT"}
 EZDXF_SKIPS = {"SEQEND", "VERTEX"}
 LIBDXFRW_KNOWS = {"ARC", "CIRCLE", "ELLIPSE", "INSERT", "LINE", "LWPOLYLINE", "MTEXT", "POINT",
                   "SOLID", "TEXT"}
 # What a DXF file of ours doesn't carry: the kinds that the database doesn't understand.
 DXF_KINDS = {"LINE", "POINT", "CIRCLE", "ARC", "ELLIPSE", "SOLID", "LWPOLYLINE", "TEXT", "ATTRIB",
-             "ATTDEF", "MTEXT", "INSERT", "MINSERT"}
+             "ATTDEF", "MTEXT", "INSERT", "MINSERT", "HATCH", "POLYLINE"}
 TABLES = ("layers", "blocks", "styles", "ltypes", "appids")
 
 # What readers complain of in the original files too.
@@ -42,6 +44,7 @@ ORIGINAL_COMPLAINTS = {
 GDAL_STOPS = ("TS1", "entities-2d")
 
 problems = []
+compared = collections.Counter()  # figures whose places were compared, by kind
 
 
 def expect(condition, drawing, reader, what):
@@ -88,8 +91,26 @@ def check_libredwg(name, answer, wanted):
         same(name, "libredwg", table, folded(answer[table]), folded(wanted[table]))
 
 
+def check_boxes(name, reader, answer, wanted):
+    """Figures are drawn where the reader has them; the lines of a hatch within its boundary."""
+    for handle, (*theirs, kind) in answer["boxes"].items():
+        ours = wanted["boxes"].get(handle)
+        if ours is None:
+            continue  # on a layer that isn't shown
+        compared[kind] += 1
+        size = max(theirs[2] - theirs[0], theirs[3] - theirs[1])
+        near = size * 0.005 + 1e-6  # curves are polylines on both sides
+        if kind == "HATCH":
+            good = (ours[0] >= theirs[0] - near and ours[1] >= theirs[1] - near
+                    and ours[2] <= theirs[2] + near and ours[3] <= theirs[3] + near)
+        else:
+            good = all(abs(a - b) <= near for a, b in zip(ours, theirs))
+        expect(good, name, reader, f"{kind} {handle} is drawn at {ours} instead of {theirs}")
+
+
 def check_ezdxf_of_dwg(name, answer, wanted):
     reader = "ezdxf on libredwg's DXF"
+    check_boxes(name, reader, answer, wanted)
     same(name, reader, "entities", without(answer["entities"], EZDXF_SKIPS),
          without(wanted["entities"], EZDXF_SKIPS))
     same(name, reader, "model space", answer["model_space"], wanted["model_space"])
@@ -99,10 +120,13 @@ def check_ezdxf_of_dwg(name, answer, wanted):
 
 def check_ezdxf(name, answer, wanted):
     """The reference for DXF: nothing to mend, and everything there."""
+    check_boxes(name, "ezdxf", answer, wanted)
     same(name, "ezdxf", "errors", answer["errors"], [])
     same(name, "ezdxf", "fixes", answer["fixes"], [])
-    same(name, "ezdxf", "entities", answer["entities"], only(wanted["entities"], DXF_KINDS))
-    same(name, "ezdxf", "model space", answer["model_space"], only(wanted["model_space"], DXF_KINDS))
+    same(name, "ezdxf", "entities", answer["entities"],
+         only(wanted["entities"], DXF_KINDS) | wanted["dxf_entities"])
+    same(name, "ezdxf", "model space", answer["model_space"],
+         only(wanted["model_space"], DXF_KINDS) | wanted["dxf_model_space"])
     for table in TABLES:
         found, ours = folded(answer[table]), folded(wanted[table])
         if "defpoints" not in ours:  # it makes this layer itself
@@ -203,6 +227,9 @@ def main():
     ]
     with concurrent.futures.ThreadPoolExecutor(max_workers=2) as pool:
         readings = sum(job.result() for job in [pool.submit(job) for job in jobs])
+    print("compared figures:", dict(sorted(compared.items())))
+    for kind in ("LINE", "ARC", "CIRCLE", "LWPOLYLINE", "SOLID", "ELLIPSE", "HATCH", "INSERT"):
+        expect(compared[kind] > 0, "all", "ezdxf", f"the place of no {kind} was compared")
     print(*problems, sep="\n")
     print(f"{len(holdings)} drawings, {readings} readings, {len(problems)} problems")
     return 1 if problems or len(holdings) < 20 or readings != 6 * len(holdings) else 0

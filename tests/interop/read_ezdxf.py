@@ -10,7 +10,7 @@ import sys
 from collections import Counter
 
 import ezdxf
-from ezdxf import recover
+from ezdxf import bbox, disassemble, recover
 
 
 def count_entities(document):
@@ -30,6 +30,26 @@ def kind_of(entity):
 
 def apps_of(entity):
     return entity.xdata.data.keys() if entity.xdata is not None else ()
+
+
+# Kinds whose extents it knows exactly; texts it only guesses.
+FIGURES = {"POINT", "LINE", "ARC", "CIRCLE", "ELLIPSE", "SOLID", "LWPOLYLINE", "POLYLINE", "HATCH",
+           "INSERT"}
+
+
+def boxes_of(document):
+    found = {}
+    for entity in document.modelspace():
+        if entity.dxftype() not in FIGURES:
+            continue
+        parts = list(disassemble.recursive_decompose([entity]))
+        if any(part.dxftype() not in FIGURES for part in parts):
+            continue
+        box = bbox.extents(parts)
+        if box.has_data:
+            low, high = box.extmin, box.extmax
+            found[entity.dxf.handle] = [low.x, low.y, high.x, high.y, entity.dxftype()]
+    return found
 
 
 def open_file(path):
@@ -54,6 +74,7 @@ def read(path):
         "ltypes": sorted(linetype.dxf.name for linetype in document.linetypes),
         "appids": sorted(app.dxf.name for app in document.appids),
         "xdata_apps": dict(apps),
+        "boxes": boxes_of(document) if "-saved" in path else {},
     }
 
 

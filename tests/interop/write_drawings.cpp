@@ -8,6 +8,7 @@
 
 #include "embedded/drafting/database/type_names.h"
 #include "embedded/drafting/database/xdata.h"
+#include "embedded/drafting/display/display_list.h"
 #include "embedded/drafting/dwg/dwg_reader.h"
 #include "embedded/drafting/dwg/dwg_writer.h"
 #include "embedded/drafting/dwg/sample_drawing.h"
@@ -52,9 +53,30 @@ std::string nameOf(const Database& db, const Object& object) {
   return isArray ? "MINSERT" : std::string(typeName(db, object));
 }
 
+// Where the entities of model space are drawn, by handle.
+std::string boxes(const Database& db) {
+  std::string out;
+  const DisplayList list = DisplayList::of(db);
+  for (const DisplayList::Chunk& chunk : list.chunks()) {
+    if (chunk.box.empty()) continue;
+    char text[200];
+    std::snprintf(text, sizeof text, "%s\"%llX\":[%.12g,%.12g,%.12g,%.12g]", out.empty() ? "" : ",",
+                  static_cast<unsigned long long>(chunk.entity), chunk.box.min.x, chunk.box.min.y,
+                  chunk.box.max.x, chunk.box.max.y);
+    out += text;
+  }
+  return "{" + out + "}";
+}
+
 std::string contents(const Database& db) {
-  std::map<std::string, int> entities, modelSpace, apps, blockSizes;
+  // Those that only a DXF file holds are counted by themselves.
+  std::map<std::string, int> entities, modelSpace, apps, blockSizes, dxfEntities, dxfModelSpace;
   db.forEach([&](const Object& o) {
+    if (o.kind == Kind::GroupObject) return;
+    if (o.kind == Kind::GroupEntity) {
+      ++dxfEntities[nameOf(db, o)];
+      return;
+    }
     for (const XData& data : o.xdata) ++apps[std::string(db.recordName(data.app))];
     if (o.kind == Kind::BlockRecord) {
       const auto& block = static_cast<const BlockRecord&>(o);
@@ -64,13 +86,15 @@ std::string contents(const Database& db) {
     ++entities[nameOf(db, o)];
   });
   for (const Entity* e = db.modelSpace().first; e; e = e->next) {
-    ++modelSpace[nameOf(db, *e)];
+    ++(e->kind == Kind::GroupEntity ? dxfModelSpace : modelSpace)[nameOf(db, *e)];
   }
   return "{\"entities\":" + object(entities) + ",\"model_space\":" + object(modelSpace) +
-         ",\"blockSizes\":" + object(blockSizes) + ",\"xdata_apps\":" + object(apps) +
-         ",\"layers\":" + names(db, Table::Layers) + ",\"blocks\":" + names(db, Table::Blocks) +
-         ",\"styles\":" + names(db, Table::Styles) + ",\"ltypes\":" + names(db, Table::Linetypes) +
-         ",\"appids\":" + names(db, Table::AppIds) + "}\n";
+         ",\"dxf_entities\":" + object(dxfEntities) +
+         ",\"dxf_model_space\":" + object(dxfModelSpace) + ",\"blockSizes\":" + object(blockSizes) +
+         ",\"xdata_apps\":" + object(apps) + ",\"layers\":" + names(db, Table::Layers) +
+         ",\"blocks\":" + names(db, Table::Blocks) + ",\"styles\":" + names(db, Table::Styles) +
+         ",\"ltypes\":" + names(db, Table::Linetypes) + ",\"appids\":" + names(db, Table::AppIds) +
+         ",\"boxes\":" + boxes(db) + "}\n";
 }
 
 bool put(const Database& db, const std::filesystem::path& out, const std::string& name) {

@@ -182,10 +182,27 @@ class Plot(Install):
         self.assertRegex(problem, r"cut\.shx: byte \d+: ends within the index")
         self.assertIn("cut.shx: the built-in font is taken instead", problem)
 
+    def test_what_a_file_cannot_hold_is_lost_only_on_demand(self):
+        shutil.copy(DATA / "TS1.dwg", self.folder)
+        (self.folder / "script").write_text("POINT 1,2\n")
+        for command in (("convert", "TS1.dwg", "ts1.dxf"),
+                        ("run", "--drawing", "TS1.dwg", "--output", "ts1.dxf", "--transcript",
+                         "transcript", "script")):
+            _, problem = self.run_vornik(*command, status=1)
+            self.assertIn("6 DIMENSION", problem)
+            self.assertIn("nothing was written", problem)
+            self.assertFalse((self.folder / "ts1.dxf").exists())
+            _, problem = self.run_vornik(*command, "--lossy")
+            self.assertIn("6 DIMENSION", problem)
+            self.assertIn(b"HATCH", self.bytes_of("ts1.dxf"))
+            (self.folder / "ts1.dxf").unlink()
+        self.run_vornik("convert", "TS1.dwg", "again.dwg")
+
     def test_what_has_no_picture_is_told(self):
         shutil.copy(DATA / "TS1.dwg", self.folder)
         _, problem = self.run_vornik("plot", "TS1.dwg", "--output", "ts1.svg")
-        self.assertIn("6 of kind DIMENSION are not shown", problem)
+        self.assertIn("1 of kind SPLINE are not shown", problem)
+        self.assertNotIn("DIMENSION", problem)
 
 
 class Dump(Install):

@@ -32,7 +32,7 @@ class Dump {
     database_.forEach([this](const Object& object) {
       if (object.kind == Kind::BlockRecord) showBlock(static_cast<const BlockRecord&>(object));
     });
-    // Entities that no block's chain leads to: vertices and the like, by their owner.
+    // Entities that no block's chain leads to: parts of what isn't understood.
     database_.forEach([this](const Object& object) {
       if (isEntity(object.kind) && !seen_.count(object.handle)) print(object, "");
     });
@@ -44,10 +44,7 @@ class Dump {
     showEntity(block.begin, block.name);
     for (const Entity* entity = block.first; entity; entity = entity->next) {
       print(*entity, block.name);
-      if (entity->kind != Kind::Insert) continue;
-      const auto& insert = static_cast<const Insert&>(*entity);
-      for (const Handle attribute : insert.attributes) showEntity(attribute, block.name);
-      showEntity(insert.seqEnd, block.name);
+      for (const Handle member : memberHandles(*entity)) showEntity(member, block.name);
     }
     showEntity(block.end, block.name);
   }

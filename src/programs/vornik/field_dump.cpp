@@ -4,6 +4,7 @@
 
 #include "embedded/base/numbers.h"
 #include "embedded/base/text.h"
+#include "embedded/drafting/database/packed_groups.h"
 #include "embedded/drafting/database/xdata.h"
 #include "programs/vornik/json.h"
 
@@ -28,6 +29,46 @@ std::string degreesJson(double radians) {
 
 std::string handlesJson(const std::vector<Handle>& handles) {
   return jsonList(handles, [](Handle handle) { return jsonText(hexHandle(handle)); });
+}
+
+// An edge of a hatch: what its form has.
+std::string edgeJson(const Hatch::Edge& edge) {
+  using Form = Hatch::Edge::Form;
+  if (edge.form == Form::Line) {
+    return "{\"line\":[" + flatJson(edge.first) + "," + flatJson(edge.second) + "]}";
+  }
+  if (edge.form == Form::Spline) {
+    return "{\"spline\":" + jsonList(edge.controls, flatJson) +
+           ",\"degree\":" + std::to_string(edge.degree) +
+           ",\"knots\":" + jsonList(edge.knots, jsonNumber) +
+           ",\"weights\":" + jsonList(edge.weights, jsonNumber) + "}";
+  }
+  const bool isArc = edge.form == Form::Arc;
+  return (isArc ? "{\"arc\":" : "{\"ellipse\":") + flatJson(edge.first) +
+         (isArc ? "" : ",\"majorAxis\":" + flatJson(edge.second)) +
+         (isArc ? ",\"radius\":" : ",\"ratio\":") + jsonNumber(edge.size) +
+         ",\"startAngle\":" + degreesJson(edge.startAngle) +
+         ",\"endAngle\":" + degreesJson(edge.endAngle) +
+         ",\"counterClockwise\":" + (edge.counterClockwise ? "true" : "false") + "}";
+}
+
+std::string pathJson(const Hatch::Path& path) {
+  std::string out = "{\"flags\":" + std::to_string(path.flags);
+  if (path.isPolyline()) {
+    out += std::string(",\"closed\":") + (path.closed ? "true" : "false") +
+           ",\"points\":" + jsonList(path.points, flatJson);
+    if (!path.bulges.empty()) out += ",\"bulges\":" + jsonList(path.bulges, jsonNumber);
+  } else {
+    out += ",\"edges\":" + jsonList(path.edges, edgeJson);
+  }
+  if (!path.sources.empty()) out += ",\"sources\":" + handlesJson(path.sources);
+  return out + "}";
+}
+
+std::string patternLineJson(const Hatch::PatternLine& line) {
+  return "{\"angle\":" + degreesJson(line.angle) + ",\"base\":" + flatJson(line.base) +
+         ",\"offset\":" + flatJson(line.offset) +
+         ",\"dashes\":" + jsonList(line.dashes, jsonNumber) + "}";
 }
 
 std::string itemJson(const Database& database, const XDataItem& item) {
@@ -84,9 +125,6 @@ void FieldDump::point(const char* name, int, const Point3& value) {
   member(name, spaceJson(value));
 }
 void FieldDump::flat(const char* name, int, const Point2& value) { member(name, flatJson(value)); }
-void FieldDump::thickness(int, double value) {
-  if (value != 0) member("thickness", jsonNumber(value));
-}
 void FieldDump::extrusion(int, const Point3& value) {
   if (!(value == kZAxis)) member("normal", spaceJson(value));
 }
@@ -124,6 +162,64 @@ void FieldDump::lwPolyline(const LwPolyline& polyline) {
   if (polyline.elevation != 0) real("elevation", 0, polyline.elevation);
   thickness(39, polyline.thickness);
   extrusion(210, polyline.normal);
+}
+
+void FieldDump::packedGroups(std::string_view packed) {
+  std::vector<std::string> groups;
+  int code = 0;
+  std::string_view value;
+  while (takeGroup(packed, code, value)) {
+    groups.push_back("[" + std::to_string(code) + "," + jsonText(std::string(value)) + "]");
+  }
+  member("groups", jsonList(groups, [](const std::string& group) { return group; }));
+}
+
+void FieldDump::hatchPaths(const Hatch& hatch) { member("paths", jsonList(hatch.paths, pathJson)); }
+
+void FieldDump::hatchLines(const Hatch& hatch) {
+  if (hatch.solid) return;
+  angle("angle", 52, hatch.angle);
+  real("scale", 41, hatch.scale);
+  bit("double", 77, hatch.isDouble);
+  member("lines", jsonList(hatch.lines, patternLineJson));
+}
+
+void FieldDump::hatchSeeds(const Hatch& hatch) {
+  unlessZero("pixelSize", hatch.pixelSize);
+  if (!hatch.seeds.empty()) member("seeds", jsonList(hatch.seeds, flatJson));
+}
+
+void FieldDump::polyline(const Polyline& polyline) {
+  static constexpr const char* kForms[] = {"flat", "space", "mesh", "polyface"};
+  text("form", 0, kForms[static_cast<std::size_t>(polyline.form)]);
+  number("flags", polyline.flags);
+  number("curve", polyline.curve);
+  unlessZero("startWidth", polyline.startWidth);
+  unlessZero("endWidth", polyline.endWidth);
+  unlessZero("elevation", polyline.elevation);
+  thickness(39, polyline.thickness);
+  extrusion(210, polyline.normal);
+  if (polyline.form == Polyline::Form::Mesh || polyline.form == Polyline::Form::Polyface) {
+    const std::vector<std::int16_t> counts(polyline.counts.begin(), polyline.counts.end());
+    member("counts", jsonList(counts, [](std::int16_t count) { return std::to_string(count); }));
+  }
+  member("vertices", handlesJson(polyline.vertices));
+}
+
+void FieldDump::vertex(const Vertex& vertex) {
+  number("flags", vertex.flags);
+  if (vertex.form == Vertex::Form::Face) {
+    const std::vector<std::int16_t> corners(vertex.corners.begin(), vertex.corners.end());
+    member("corners",
+           jsonList(corners, [](std::int16_t corner) { return std::to_string(corner); }));
+    return;
+  }
+  point("position", 10, vertex.position);
+  if (vertex.form != Vertex::Form::Flat) return;
+  unlessZero("startWidth", vertex.startWidth);
+  unlessZero("endWidth", vertex.endWidth);
+  unlessZero("bulge", vertex.bulge);
+  if (vertex.tangent != 0) angle("tangent", 50, vertex.tangent);
 }
 
 void FieldDump::textFields(const TextBase& text) {

@@ -35,7 +35,7 @@ class FieldDump {
   void blob(const char* name, int, std::string_view value);
   void point(const char* name, int, const drafting::Point3& value);
   void flat(const char* name, int, const drafting::Point2& value);
-  void thickness(int, double value);
+  void thickness(int, double value) { unlessZero("thickness", value); }
   void extrusion(int, const drafting::Point3& value);
   void normal(int group, const drafting::Point3& value) { extrusion(group, value); }
   void handle(const char* name, int, std::uint8_t, drafting::Handle value);
@@ -44,6 +44,13 @@ class FieldDump {
   void lineEnds(const drafting::Line& line);
   void solidCorners(const drafting::Solid& solid);
   void lwPolyline(const drafting::LwPolyline& polyline);
+  void packedGroups(std::string_view packed);
+  void planeElevation(int, double value) { unlessZero("elevation", value); }
+  void hatchPaths(const drafting::Hatch& hatch);
+  void hatchLines(const drafting::Hatch& hatch);
+  void hatchSeeds(const drafting::Hatch& hatch);
+  void polyline(const drafting::Polyline& polyline);
+  void vertex(const drafting::Vertex& vertex);
   void textFields(const drafting::TextBase& text);
   void verticalAlignment(int, const drafting::TextBase&) {}
   void insertScale(const drafting::Insert& insert) { point("scale", 0, insert.scale); }
@@ -64,6 +71,9 @@ class FieldDump {
   void dictionaryItems(const drafting::Dictionary& dictionary);
 
  private:
+  void unlessZero(const char* name, double value) {
+    if (value != 0) real(name, 0, value);
+  }
   void number(std::string_view name, int value) { member(name, std::to_string(value)); }
   void raw(const drafting::Bits& bits, const std::vector<drafting::Reference>& references);
   std::string reference(drafting::Handle handle) const;

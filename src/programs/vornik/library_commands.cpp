@@ -16,8 +16,9 @@ constexpr std::string_view kSampleUsage =
     "usage: vornik sample DIR\n  Makes a complete install: system and user folder, symbols, "
     "circuits, slides.\n";
 constexpr std::string_view kConvertUsage =
-    "usage: vornik convert IN OUT\n  Reads a drawing and writes it in the form of OUT's "
-    "extension.\n";
+    "usage: vornik convert [--lossy] IN OUT\n  Reads a drawing and writes it in the form of OUT's "
+    "extension. What that form can't hold\n  is listed and nothing written, unless --lossy is "
+    "given.\n";
 void note(std::string_view text) { std::cerr << "vornik: " << text << "\n"; }
 
 }  // namespace
@@ -37,13 +38,13 @@ int sampleCommand(const Words& words) {
 }
 
 int convertCommand(const Words& words) {
-  const Options options(words, "", "help");
+  const Options options(words, "", "lossy help");
   if (options.flag("help")) return std::cout << kConvertUsage, kDone;
   if (!options.problem().empty()) return usageError(options.problem(), kConvertUsage);
   if (options.plain().size() != 2) return usageError("two files are needed", kConvertUsage);
   const auto database = drafting::readDrawing(options.plain()[0], note);
   if (!database.ok()) return report(database.status());
-  return report(drafting::saveDrawingFile(**database, options.plain()[1], note));
+  return report(drafting::saveDrawingFile(**database, options.plain()[1], lossesOf(options), note));
 }
 
 }  // namespace vornik

@@ -90,7 +90,8 @@ base::Status drawTable(const Options& options, const Request& request) {
   const double scale = printScale > 0 ? printScale : 1;
   const base::Point2 corner = request.at ? *request.at : placeForTable(**database, scale);
   drawPartsTable(**database, partsBy(request.by, partsOfDrawing(**database, note)), corner, scale);
-  return drafting::saveDrawingFile(**database, *options.value("table"), note);
+  return drafting::saveDrawingFile(**database, *options.value("table"), drafting::Losses::Refused,
+                                   note);
 }
 
 }  // namespace

@@ -9,6 +9,7 @@
 
 #include "embedded/base/geometry.h"
 #include "embedded/base/status.h"
+#include "embedded/drafting/documents/drawing_files.h"
 
 namespace vornik {
 
@@ -49,6 +50,11 @@ std::optional<base::Point2> parsePoint(std::string_view text);
 
 int usageError(std::string_view problem, std::string_view usage);
 int report(const base::Status& status);  // prints a failure; the exit status
+
+// What --lossy says.
+inline drafting::Losses lossesOf(const Options& options) {
+  return options.flag("lossy") ? drafting::Losses::Accepted : drafting::Losses::Refused;
+}
 
 // A whole file, or standard input for "-".
 base::Result<std::string> readInput(const std::string& path);

@@ -15,12 +15,14 @@ namespace {
 
 constexpr std::string_view kRunUsage =
     "usage: vornik run [--install DIR] [--drawing IN] [--output OUT.dwg|OUT.dxf]\n"
-    "                  [--transcript FILE] SCRIPT|-\n"
+    "                  [--transcript FILE] [--lossy] SCRIPT|-\n"
     "       vornik run --recover [--install DIR] [--output OUT] [--transcript FILE] [SCRIPT|-]\n"
     "  Feeds a script (commands, LISP, points, keywords) to the command line. A line feed is "
     "Enter.\n"
     "  --recover goes on with the drawing of the last run that was killed, with all that it had\n"
-    "  done but for the command that was running.\n";
+    "  done but for the command that was running.\n"
+    "  What OUT can't hold of the drawing is listed and nothing written, unless --lossy is "
+    "given.\n";
 
 constexpr std::string_view kPlaceUsage =
     "usage: vornik place --install DIR --circuits 1,2,5-8 [--at X,Y] [--scale N] --output OUT\n"
@@ -46,6 +48,7 @@ struct Run {
   std::FILE* transcript = nullptr;
   std::filesystem::path records = {};  // empty: none is kept
   bool recover = false;
+  drafting::Losses losses = drafting::Losses::Refused;
 };
 
 void tell(std::string_view text) { std::cerr << "vornik: " << text << "\n"; }
@@ -67,13 +70,22 @@ base::Status openFirst(drafting::Session& session, const Run& run) {
   return session.openDrawing(*run.drawing);
 }
 
+// Saves where that is asked, and tells what had to stay behind.
+base::Status saveResult(drafting::Session& session, const Run& run) {
+  if (!run.output) return {};
+  const base::Status status = session.saveDrawing(*run.output, run.losses);
+  const std::string lost = drafting::drawingLosses(session.database(), *run.output);
+  if (status && !lost.empty()) tell(*run.output + " lacks " + lost);
+  return status;
+}
+
 int runScript(const Run& run) {
   Headless headless(run.transcript);
   drafting::Session& session = headless.session();
   if (const base::Status status = openFirst(session, run); !status) return report(status);
   if (!run.recover && !run.records.empty()) session.recovery.start(run.records);
   headless.run(run.script);
-  const base::Status status = run.output ? session.saveDrawing(*run.output) : base::Status();
+  const base::Status status = saveResult(session, run);
   if (run.recover && session.database().journal().changedSinceSave()) {
     tell("the recovered drawing isn't saved yet; it can be recovered again");
     session.recovery.leave();
@@ -101,7 +113,7 @@ std::vector<int> parseNumbers(std::string_view text) {
 }  // namespace
 
 int runCommand(const Words& words) {
-  const Options options(words, "install drawing output transcript", "recover help");
+  const Options options(words, "install drawing output transcript", "recover lossy help");
   if (options.flag("help")) return std::cout << kRunUsage, kDone;
   if (!options.problem().empty()) return usageError(options.problem(), kRunUsage);
   const bool recover = options.flag("recover");
@@ -126,7 +138,7 @@ int runCommand(const Words& words) {
     transcript = file.get();
   }
   return runScript({*script, options.value("drawing"), options.value("output"), transcript,
-                    recoveryFolder(options.value("install")), recover});
+                    recoveryFolder(options.value("install")), recover, lossesOf(options)});
 }
 
 int placeCommand(const Words& words) {

@@ -16,19 +16,21 @@ std::unique_ptr<Entity> plainCopy(const Entity& entity) {
 
 Handle copyEntity(Database& database, Handle handle) {
   const auto* entity = database.find<Entity>(handle);
-  if (!entity || entity->kind == Kind::RawEntity) return 0;
+  if (!entity || entity->kind == Kind::RawEntity || entity->kind == Kind::GroupEntity) return 0;
   auto* block = database.find<BlockRecord>(entity->owner);
   if (!block) return 0;
   auto copy = plainCopy(*entity);
-  if (entity->kind != Kind::Insert) return database.append(*block, std::move(copy));
-  auto& insert = static_cast<Insert&>(*copy);
-  const std::vector<Handle> attributes = insert.attributes;
-  insert.attributes.clear();
-  insert.seqEnd = 0;
+  const std::vector<Handle> members = memberHandles(*entity);
+  if (const Members own = membersOf(*copy); own.list) {
+    own.list->clear();
+    *own.seqEnd = 0;
+  }
   const Handle made = database.append(*block, std::move(copy));
-  for (const Handle attribute : attributes) {
-    if (const auto* one = database.find<Attrib>(attribute))
-      database.appendAttribute(*database.find<Insert>(made), plainCopy(*one));
+  for (const Handle member : members) {
+    const auto* one = database.find<Entity>(member);
+    if (one && one->kind != Kind::SeqEnd) {
+      database.appendMember(*database.find<Entity>(made), plainCopy(*one));
+    }
   }
   return made;
 }
@@ -39,11 +41,16 @@ bool transformWithParts(Database& database, Handle handle, const Map3& map,
   if (!entity) return false;
   std::unique_ptr<Entity> probe(static_cast<Entity*>(copyObject(*entity).release()));
   if (!transformEntity(*probe, map, options)) return false;
+  TransformOptions ofMembers = options;
+  if (const auto* polyline = dynamic_cast<const Polyline*>(entity)) {
+    ofMembers.plane = polyline->normal;
+    ofMembers.elevation = polyline->elevation;
+  }
   transformEntity(database.edit<Entity>(handle), map, options);
-  if (entity->kind != Kind::Insert) return true;
-  for (const Handle attribute : static_cast<const Insert&>(*entity).attributes) {
-    if (database.find<Entity>(attribute))
-      transformEntity(database.edit<Entity>(attribute), map, options);
+  for (const Handle member : memberHandles(*entity)) {
+    if (database.find<Entity>(member)) {
+      transformEntity(database.edit<Entity>(member), map, ofMembers);
+    }
   }
   return true;
 }

@@ -113,10 +113,9 @@ class InsertExploder {
     object->extension = 0;
     object->reactors.clear();
     std::unique_ptr<Entity> copy(static_cast<Entity*>(object.release()));
-    if (copy->kind == Kind::Insert) {
-      auto& insert = static_cast<Insert&>(*copy);
-      if (!insert.attributes.empty()) return false;  // they would be left behind
-      insert.seqEnd = 0;
+    if (const Members members = membersOf(*copy); members.list) {
+      if (!members.list->empty()) return false;  // they would be left behind
+      *members.seqEnd = 0;
     }
     takeLook(*copy);
     if (transformEntity(*copy, map_)) {

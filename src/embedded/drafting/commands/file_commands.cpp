@@ -41,16 +41,30 @@ void open(Session& session) {
   if (!path.empty()) report(session, session.openDrawing(path));
 }
 
+// Saves, if the file can hold all of the drawing or the user does without the rest.
+void saveTo(Session& session, const std::string& path) {
+  const std::string lost = drawingLosses(session.database(), path);
+  if (lost.empty()) return report(session, session.saveDrawing(path));
+  session.print(std::string(session.say("\n文件不能保存: ", "\nThe file can't hold: ")) + lost);
+  const Answer answer =
+      session.line.ask({.kind = Ask::Keyword,
+                        .message = message(session, "\n仍然保存其余部分? [是(Y)/否(N)] <N>: ",
+                                           "\nSave the rest all the same? [Yes/No] <N>: "),
+                        .keywords = "Yes No",
+                        .defaultAtEnd = true});
+  if (answer.isKeyword("Yes")) report(session, session.saveDrawing(path, Losses::Accepted));
+}
+
 void saveAs(Session& session) {
   const std::string path = askPath(session, "\n图形另存为: ", "\nSave drawing as: ");
-  if (!path.empty()) report(session, session.saveDrawing(path));
+  if (!path.empty()) saveTo(session, path);
 }
 
 void save(Session& session) {
   if (session.document().path.empty()) {
     saveAs(session);
   } else {
-    report(session, session.saveDrawing(session.document().path));
+    saveTo(session, session.document().path);
   }
 }
 

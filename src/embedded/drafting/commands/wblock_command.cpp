@@ -100,7 +100,7 @@ class WblockCommand {
   bool save(const WrittenBlock& written) {
     const auto note = [this](std::string_view text) { session_.print("\n" + std::string(text)); };
     for (const std::string& loss : written.leftBehind) note(loss);
-    const base::Status status = saveDrawingFile(*written.drawing, path_, note);
+    const base::Status status = saveDrawingFile(*written.drawing, path_, Losses::Refused, note);
     if (!status) session_.printProblem(status);
     return status.ok();
   }
@@ -109,7 +109,9 @@ class WblockCommand {
   void eraseWritten() {
     for (const Handle handle : picked_) {
       const auto* entity = database().find<Entity>(handle);
-      if (entity && entity->kind != Kind::RawEntity) session_.database().erase(handle);
+      const bool stays =
+          !entity || entity->kind == Kind::RawEntity || entity->kind == Kind::GroupEntity;
+      if (!stays) session_.database().erase(handle);
     }
   }
 

@@ -93,25 +93,26 @@ class Cloner {
   }
 
   void copyInto(BlockRecord& block, const Entity& entity) {
-    if (entity.kind == Kind::RawEntity) {
+    if (entity.kind == Kind::RawEntity || entity.kind == Kind::GroupEntity) {
       ++rawEntities_;
       return;
     }
     const bool moves = block.isSpace();
     const Handle made = target_.append(block, copied(entity, moves));
     if (entity.kind == Kind::Attdef) block.hasAttdefs = true;
-    const auto* insert = dynamic_cast<const Insert*>(&entity);
-    if (!insert) return;
-    for (const Handle attribute : insert->attributes) {
-      const auto* one = source_.find<Entity>(attribute);
-      if (one) target_.appendAttribute(*target_.find<Insert>(made), copied(*one, moves));
+    const auto* polyline = dynamic_cast<const Polyline*>(&entity);
+    const Point3 plane = polyline ? polyline->normal : kZAxis;
+    for (const Handle member : memberHandles(entity)) {
+      const auto* one = source_.find<Entity>(member);
+      if (!one || one->kind == Kind::SeqEnd) continue;
+      target_.appendMember(*target_.find<Entity>(made), copied(*one, moves, plane));
     }
   }
 
   // `moves`: the copy is put where the movement leads, as block contents aren't.
-  std::unique_ptr<Entity> copied(const Entity& entity, bool moves) {
+  std::unique_ptr<Entity> copied(const Entity& entity, bool moves, const Point3& plane = kZAxis) {
     std::unique_ptr<Entity> copy(static_cast<Entity*>(copyObject(entity).release()));
-    if (moves && by_ != Point3{}) moveEntity(*copy, by_);
+    if (moves && by_ != Point3{}) moveEntity(*copy, by_, plane);
     copy->extension = 0;
     copy->reactors.clear();
     copy->plotStyle = kByLayer;
@@ -125,8 +126,13 @@ class Cloner {
       mtext->style = record<TextStyle>(Table::Styles, mtext->style);
     } else if (auto* insert = dynamic_cast<Insert*>(copy.get())) {
       insert->block = nested(insert->block);
-      insert->attributes.clear();
-      insert->seqEnd = 0;
+    } else if (auto* hatch = dynamic_cast<Hatch*>(copy.get())) {
+      hatch->associative = false;  // its boundary's entities stay behind
+      for (Hatch::Path& path : hatch->paths) path.sources.clear();
+    }
+    if (const Members members = membersOf(*copy); members.list) {
+      members.list->clear();
+      *members.seqEnd = 0;
     }
     copyXData(*copy);
     return copy;

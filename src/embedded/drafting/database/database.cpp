@@ -167,21 +167,22 @@ Handle Database::append(BlockRecord& block, std::unique_ptr<Entity> entity) {
   return made.handle;
 }
 
-Handle Database::appendAttribute(Insert& insert, std::unique_ptr<Entity> attribute) {
-  if (attribute->kind == Kind::SeqEnd && insert.seqEnd != 0) return insert.seqEnd;
-  // Some readers go from the first attribute to the SEQEND by ascending handles: it is made anew.
-  if (attribute->kind != Kind::SeqEnd && insert.seqEnd != 0) erase(insert.seqEnd);
-  Entity& made = *attribute;
-  made.owner = insert.handle;
-  willChange(insert);
-  own(std::move(attribute));
-  if (made.kind == Kind::SeqEnd) return insert.seqEnd = made.handle;
-  Entity* last = insert.attributes.empty() ? nullptr : find<Entity>(insert.attributes.back());
+Handle Database::appendMember(Entity& owner, std::unique_ptr<Entity> member) {
+  const Members members = membersOf(owner);
+  if (member->kind == Kind::SeqEnd && *members.seqEnd != 0) return *members.seqEnd;
+  // Some readers go from the first member to the SEQEND by ascending handles: it is made anew.
+  if (member->kind != Kind::SeqEnd && *members.seqEnd != 0) erase(*members.seqEnd);
+  Entity& made = *member;
+  made.owner = owner.handle;
+  willChange(owner);
+  own(std::move(member));
+  if (made.kind == Kind::SeqEnd) return *members.seqEnd = made.handle;
+  Entity* last = members.list->empty() ? nullptr : find<Entity>(members.list->back());
   link(made, last, nullptr);
-  insert.attributes.push_back(made.handle);
+  members.list->push_back(made.handle);
   auto end = std::make_unique<SeqEnd>();
-  end->layer = insert.layer;
-  appendAttribute(insert, std::move(end));
+  end->layer = owner.layer;
+  appendMember(owner, std::move(end));
   return made.handle;
 }
 
@@ -226,12 +227,13 @@ void collectContent(const BlockRecord& block, std::vector<Handle>& out) {
 
 // What goes with an object: its extension dictionary and what it owns.
 void collectBelongings(const Database& database, const Object& object, std::vector<Handle>& out) {
-  if (object.extension != 0) out.push_back(object.extension);
+  // In damaged drawings it may lead to anything.
+  if (database.find<Dictionary>(object.extension)) out.push_back(object.extension);
   switch (object.kind) {
-    case Kind::Insert: {
-      const auto& insert = static_cast<const Insert&>(object);
-      out.insert(out.end(), insert.attributes.begin(), insert.attributes.end());
-      if (insert.seqEnd != 0) out.push_back(insert.seqEnd);
+    case Kind::Insert:
+    case Kind::Polyline: {
+      const std::vector<Handle> members = memberHandles(object);
+      out.insert(out.end(), members.begin(), members.end());
       break;
     }
     case Kind::RawEntity:
@@ -281,11 +283,10 @@ void Database::eraseOne(Object& object, std::vector<Handle>& belongings) {
   willChange(object);
   Object* owner = find(object.owner);
   if (isEntity(object.kind)) unlink(static_cast<Entity&>(object));
-  if (owner && owner->kind == Kind::Insert) {
+  if (const Members members = owner ? membersOf(*owner) : Members{}; members.list) {
     willChange(*owner);
-    auto& insert = static_cast<Insert&>(*owner);
-    removeAll(insert.attributes, handle);
-    if (insert.seqEnd == handle) insert.seqEnd = 0;
+    removeAll(*members.list, handle);
+    if (*members.seqEnd == handle) *members.seqEnd = 0;
   } else if (owner && owner->kind == Kind::Dictionary) {
     willChange(*owner);
     std::erase_if(static_cast<Dictionary&>(*owner).items,

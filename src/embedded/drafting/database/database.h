@@ -84,8 +84,12 @@ class Database {
   // Takes the entity, gives it a handle (or keeps the one it has if that is free) and the block's
   // end of chain. The entity's layer must be set; the result is its handle.
   Handle append(BlockRecord& block, std::unique_ptr<Entity> entity);
-  // The same for an attribute of an INSERT; the closing SeqEnd is made along with it.
-  Handle appendAttribute(Insert& insert, std::unique_ptr<Entity> attribute);
+  // The same for an attribute of an INSERT or a vertex of a POLYLINE; the closing SeqEnd is made
+  // along with it.
+  Handle appendMember(Entity& owner, std::unique_ptr<Entity> member);
+  Handle appendAttribute(Insert& insert, std::unique_ptr<Entity> attribute) {
+    return appendMember(insert, std::move(attribute));
+  }
   // Records need a name that no other record of the table has.
   Handle addRecord(Table table, std::unique_ptr<Record> record);
   Handle addBlock(std::unique_ptr<BlockRecord> record);  // makes its BLOCK and ENDBLK too

@@ -2,6 +2,7 @@
 // reference; fields.h lists them once for every codec.
 #pragma once
 
+#include <algorithm>
 #include <array>
 
 #include "embedded/drafting/database/object.h"
@@ -75,6 +76,94 @@ struct LwPolyline : Entity {
   Point3 normal = kZAxis;
   bool closed = false;
   bool continuousPattern = false;  // the linetype runs through the vertices
+};
+
+// A filled or hatched area of its plane. Its boundary is a set of paths; what lies inside of how
+// many of them is hatched goes by `style`.
+struct Hatch : Entity {
+  Hatch() : Entity(Kind::Hatch) {}
+
+  struct Edge {
+    enum class Form : std::uint8_t { Line = 1, Arc = 2, Ellipse = 3, Spline = 4 };
+    Form form = Form::Line;
+    Point2 first;     // start of a line; centre of an arc or ellipse
+    Point2 second;    // end of a line; end of an ellipse's major axis, from its centre
+    double size = 0;  // radius of an arc, ratio of an ellipse
+    // Of arcs and ellipses. Those that run clockwise have their angles counted clockwise too.
+    double startAngle = 0, endAngle = 0;
+    bool counterClockwise = true;
+    std::int32_t degree = 0;  // from here on of splines
+    bool rational = false, periodic = false;
+    std::vector<double> knots;
+    std::vector<Point2> controls;
+    std::vector<double> weights;  // one a control point of a rational spline, else empty
+  };
+  struct Path {
+    std::uint32_t flags = 0;  // 1 external, 2 polyline, 4 derived, 8 text box, 16 outermost
+    bool closed = true;       // of a polyline
+    std::vector<Point2> points;
+    std::vector<double> bulges;   // empty, or one a point
+    std::vector<Edge> edges;      // of a path that is no polyline
+    std::vector<Handle> sources;  // entities that it was made from
+    bool isPolyline() const { return (flags & 2) != 0; }
+    bool isDerived() const { return (flags & 4) != 0; }
+  };
+  struct PatternLine {
+    double angle = 0;
+    Point2 base, offset;  // of the first line; to the next one
+    std::vector<double> dashes;
+  };
+
+  std::string pattern;
+  double elevation = 0;
+  Point3 normal = kZAxis;
+  bool solid = false, associative = false;
+  std::vector<Path> paths;
+  std::int16_t style = 0;  // 0 every other area from outside, 1 the outermost, 2 all of it
+  std::int16_t patternKind = 1;
+  double angle = 0, scale = 1;  // with which the pattern's lines were made; they have both in them
+  bool isDouble = false;
+  std::vector<PatternLine> lines;
+  double pixelSize = 0;
+  std::vector<Point2> seeds;
+
+  bool hasDerivedPath() const {
+    return std::any_of(paths.begin(), paths.end(),
+                       [](const Path& path) { return path.isDerived(); });
+  }
+};
+
+// A polyline of the old form. Its vertices are entities of their own (Vertex, owner this handle),
+// in the order of `vertices` and linked with each other, closed by the SeqEnd.
+struct Polyline : Entity {
+  Polyline() : Entity(Kind::Polyline) {}
+  enum class Form : std::uint8_t { Flat, Space, Mesh, Polyface };
+  Form form = Form::Flat;
+  // 1 closed, 2 curve fit, 4 spline fit, 16 mesh, 32 mesh closed in its second direction, 64
+  // polyface, 128 the linetype runs through the vertices. In space only bit 1 counts.
+  std::int16_t flags = 0;
+  std::int16_t curve = 0;  // the spline: 5 and 6 flat, 5, 6 and 8 of meshes, 1 and 2 in space
+  double startWidth = 0, endWidth = 0;  // this and the rest of the line: flat ones
+  double thickness = 0;
+  double elevation = 0;
+  Point3 normal = kZAxis;
+  // Of meshes rows, columns and the same for the smoothed surface; of polyfaces vertices and faces.
+  std::array<std::int16_t, 4> counts{};
+  std::vector<Handle> vertices;
+  Handle seqEnd = 0;
+};
+
+struct Vertex : Entity {
+  Vertex() : Entity(Kind::Vertex) {}
+  // Faces of polyfaces come behind their corners and have numbers of four of them.
+  enum class Form : std::uint8_t { Flat, Space, Mesh, Polyface, Face };
+  Form form = Form::Flat;
+  // 1 made by curve fitting, 2 has a tangent, 8 made by spline fitting, 16 of the spline's frame,
+  // 32 of a line in space, 64 of a mesh, 128 of a polyface.
+  std::uint8_t flags = 0;
+  Point3 position;  // of flat ones in the plane of their polyline
+  double startWidth = 0, endWidth = 0, bulge = 0, tangent = 0;  // of flat ones
+  std::array<std::int16_t, 4> corners{};  // of faces, from 1; negative: the edge behind is hidden
 };
 
 // What TEXT, ATTRIB and ATTDEF share. With both alignments 0 only `position` counts; otherwise
@@ -170,6 +259,28 @@ struct SeqEnd : Entity {
   SeqEnd() : Entity(Kind::SeqEnd) {}
 };
 
+// What an entity owns that stands in no block: attributes of an INSERT, vertices of a POLYLINE.
+struct Members {
+  std::vector<Handle>* list = nullptr;  // null for kinds that own nothing
+  Handle* seqEnd = nullptr;
+};
+inline Members membersOf(Object& object) {
+  if (object.kind == Kind::Insert) {
+    auto& insert = static_cast<Insert&>(object);
+    return {&insert.attributes, &insert.seqEnd};
+  }
+  if (object.kind != Kind::Polyline) return {};
+  auto& polyline = static_cast<Polyline&>(object);
+  return {&polyline.vertices, &polyline.seqEnd};
+}
+inline std::vector<Handle> memberHandles(const Object& object) {
+  const Members members = membersOf(const_cast<Object&>(object));  // only looked at
+  if (!members.list) return {};
+  std::vector<Handle> all = *members.list;
+  if (*members.seqEnd != 0) all.push_back(*members.seqEnd);
+  return all;
+}
+
 // An entity of another kind: everything behind the common data is kept as it came. Entities that
 // it owns (vertices) are linked with each other and stand in no block's chain.
 struct RawEntity : Entity {
@@ -179,6 +290,13 @@ struct RawEntity : Entity {
   bool hasGraphics = false;
   Bits body;
   std::vector<Reference> references;  // behind the common ones
+};
+
+// An entity of another kind from a DXF file: the groups behind the common ones.
+struct GroupEntity : Entity {
+  GroupEntity() : Entity(Kind::GroupEntity) {}
+  std::string name;    // "SPLINE"
+  std::string groups;  // packed
 };
 
 }  // namespace drafting

@@ -95,6 +95,31 @@ void walk(W& w, Walked<W, LwPolyline> o) {
 }
 
 template <class W>
+void walk(W& w, Walked<W, Hatch> o) {
+  w.subclass("AcDbHatch");
+  w.planeElevation(10, o.elevation);  // BD; DXF has a point
+  w.normal(210, o.normal);
+  w.text("pattern", 2, o.pattern);
+  w.bit("solid", 70, o.solid);
+  w.bit("associative", 71, o.associative);
+  w.hatchPaths(o);  // count 91, the paths, and a reference for each of their sources
+  w.integer("style", 75, o.style);
+  w.integer("patternKind", 76, o.patternKind);
+  w.hatchLines(o);  // unless solid: angle 52, scale 41, double 77, lines 78
+  w.hatchSeeds(o);  // size of a pixel 47 where a path is derived, seed points 98
+}
+
+template <class W>
+void walk(W& w, Walked<W, Polyline> o) {
+  w.polyline(o);  // everything: the form says which fields there are, and references of members
+}
+
+template <class W>
+void walk(W& w, Walked<W, Vertex> o) {
+  w.vertex(o);  // everything
+}
+
+template <class W>
 void walk(W& w, Walked<W, Text> o) {
   w.subclass("AcDbText");
   w.textFields(o);  // everything of TextBase but the style; flags say what is missing
@@ -175,6 +200,12 @@ void walk(W&, Walked<W, SeqEnd>) {}
 template <class W>
 void walk(W& w, Walked<W, RawEntity> o) {
   w.rawBody(o);  // all bits up to the references, and all references
+}
+
+template <class W>
+void walk(W& w, Walked<W, GroupEntity> o) {
+  w.text("name", 0, o.name);
+  w.packedGroups(o.groups);
 }
 
 // --- records and other objects
@@ -320,6 +351,12 @@ void walk(W& w, Walked<W, Dictionary> o) {
 template <class W>
 void walk(W& w, Walked<W, RawObject> o) {
   w.rawBody(o);  // the record's common start where it is one, then as RawEntity
+}
+
+template <class W>
+void walk(W& w, Walked<W, GroupObject> o) {
+  w.text("name", 0, o.name);
+  w.packedGroups(o.groups);
 }
 
 }  // namespace drafting

@@ -22,7 +22,8 @@ using Handle = std::uint64_t;
 
 // What an object is. The order is of no file format; entities stand first.
 enum class Kind : std::uint8_t {
-  RawEntity,  // an entity that isn't understood: its bits are kept
+  RawEntity,    // an entity that isn't understood: its bits are kept
+  GroupEntity,  // the same of a DXF file: its groups are kept
   Line,
   Point,
   Circle,
@@ -30,6 +31,9 @@ enum class Kind : std::uint8_t {
   Ellipse,
   Solid,
   LwPolyline,
+  Hatch,
+  Polyline,  // the old form, whose vertices are entities of their own
+  Vertex,
   Text,
   Attrib,
   Attdef,
@@ -39,7 +43,8 @@ enum class Kind : std::uint8_t {
   EndBlock,
   SeqEnd,
   RawObject,  // a non-graphical object that isn't understood
-  Control,    // head of a symbol table
+  GroupObject,
+  Control,  // head of a symbol table
   BlockRecord,
   Layer,
   TextStyle,

@@ -159,4 +159,11 @@ struct RawObject : Record {
   std::vector<Reference> references;
 };
 
+// An object of another kind from a DXF file: the groups behind handle and links.
+struct GroupObject : Object {
+  GroupObject() : Object(Kind::GroupObject) {}
+  std::string name;    // "TABLESTYLE"
+  std::string groups;  // packed
+};
+
 }  // namespace drafting

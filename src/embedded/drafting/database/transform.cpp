@@ -139,6 +139,54 @@ class Transformer {
     return true;
   }
 
+  // The vertices have the places.
+  bool apply(Polyline& polyline) {
+    if (polyline.form != Polyline::Form::Flat) return true;
+    const auto plane = planeMap(map_, polyline.normal, polyline.elevation);
+    if (!plane || !plane->uniform) return false;
+    for (double* size : {&polyline.startWidth, &polyline.endWidth, &polyline.thickness}) {
+      *size *= plane->scale;
+    }
+    polyline.elevation = plane->elevation;
+    polyline.normal = plane->normal;
+    return true;
+  }
+
+  bool apply(Vertex& vertex) {
+    if (vertex.form == Vertex::Form::Face) return true;
+    if (vertex.form != Vertex::Form::Flat) {
+      vertex.position = map_(vertex.position);
+      return true;
+    }
+    const auto plane = planeMap(map_, options_.plane, options_.elevation);
+    if (!plane || !plane->uniform) return false;
+    const Point2 at = plane->map({vertex.position.x, vertex.position.y});
+    vertex.position = {at.x, at.y, vertex.position.z};
+    vertex.startWidth *= plane->scale;
+    vertex.endWidth *= plane->scale;
+    vertex.tangent = plane->angle(vertex.tangent);
+    if (plane->flips) vertex.bulge = -vertex.bulge;
+    return true;
+  }
+
+  bool apply(Hatch& hatch) {
+    const auto plane = planeMap(map_, hatch.normal, hatch.elevation);
+    if (!plane || !plane->uniform) return false;
+    for (Hatch::Path& path : hatch.paths) mapPath(path, *plane);
+    for (Hatch::PatternLine& line : hatch.lines) {
+      line.angle = plane->angle(line.angle);
+      line.base = plane->map(line.base);
+      line.offset = plane->direction(line.offset);
+      for (double& dash : line.dashes) dash *= plane->scale;
+    }
+    for (Point2& seed : hatch.seeds) seed = plane->map(seed);
+    hatch.angle = plane->angle(hatch.angle);
+    hatch.scale *= plane->scale;
+    hatch.elevation = plane->elevation;
+    hatch.normal = plane->normal;
+    return true;
+  }
+
   // A text that is stretched keeps its angle between upright and baseline: its height follows the
   // uprights, its width factor the baseline.
   bool apply(TextBase& text) {
@@ -225,6 +273,30 @@ class Transformer {
     round.thickness *= plane->scale;
     round.normal = plane->normal;
     return plane;
+  }
+
+  static void mapPath(Hatch::Path& path, const PlaneMap& plane) {
+    for (Point2& point : path.points) point = plane.map(point);
+    for (double& bulge : path.bulges) bulge = plane.flips ? -bulge : bulge;
+    for (Hatch::Edge& edge : path.edges) mapEdge(edge, plane);
+  }
+
+  // Angles are counted in the edge's own sense, those of ellipses from the major axis: a mirror
+  // image of them changes its sense alone.
+  static void mapEdge(Hatch::Edge& edge, const PlaneMap& plane) {
+    using Form = Hatch::Edge::Form;
+    edge.first = plane.map(edge.first);
+    if (edge.form == Form::Line) edge.second = plane.map(edge.second);
+    if (edge.form == Form::Ellipse) edge.second = plane.direction(edge.second);
+    for (Point2& control : edge.controls) control = plane.map(control);
+    const bool wasCounterClockwise = edge.counterClockwise;
+    if (plane.flips) edge.counterClockwise = !edge.counterClockwise;
+    if (edge.form != Form::Arc) return;
+    const double sweep = edge.endAngle - edge.startAngle;
+    const double start = plane.angle(wasCounterClockwise ? edge.startAngle : -edge.startAngle);
+    edge.startAngle = wrapped(edge.counterClockwise ? start : -start);
+    edge.endAngle = edge.startAngle + sweep;
+    edge.size *= plane.scale;
   }
 
   // A mirrored text runs the old way as far as it can: written backwards or upside down, or, if it

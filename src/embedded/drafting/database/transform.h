@@ -1,5 +1,5 @@
-// Entities under affine maps of space: moved, turned, scaled, mirrored. Handles, chains and the
-// attributes of an INSERT are the caller's, and so is the journal.
+// Entities under affine maps of space: moved, turned, scaled, mirrored. Handles, chains, the
+// attributes of an INSERT and the vertices of a POLYLINE are the caller's, and so is the journal.
 #pragma once
 
 #include <optional>
@@ -36,14 +36,17 @@ Map3 placeOfInsert(const Insert& insert, const Point3& blockBase);
 struct TransformOptions {
   // Mirrored texts stay readable: their justification changes sides instead (MIRRTEXT 0).
   bool readableTexts = false;
+  // Of the polyline, as it was, whose flat vertices are mapped.
+  Point3 plane = kZAxis;
+  double elevation = 0;
 };
 
 // False, and nothing changed, if the entity isn't understood or its kind can't hold the result: a
 // circle stretched in one direction, a map that isn't invertible.
 bool transformEntity(Entity& entity, const Map3& map, const TransformOptions& options = {});
 
-inline bool moveEntity(Entity& entity, const Point3& by) {
-  return transformEntity(entity, Map3::translation(by));
+inline bool moveEntity(Entity& entity, const Point3& by, const Point3& plane = kZAxis) {
+  return transformEntity(entity, Map3::translation(by), {.plane = plane});
 }
 
 }  // namespace drafting

@@ -18,6 +18,9 @@ constexpr KindName kKinds[] = {
     {Kind::Ellipse, "ELLIPSE"},
     {Kind::Solid, "SOLID"},
     {Kind::LwPolyline, "LWPOLYLINE"},
+    {Kind::Hatch, "HATCH"},
+    {Kind::Polyline, "POLYLINE"},
+    {Kind::Vertex, "VERTEX"},
     {Kind::Text, "TEXT"},
     {Kind::Attrib, "ATTRIB"},
     {Kind::Attdef, "ATTDEF"},
@@ -107,6 +110,8 @@ std::string_view typeName(const Database& database, const Object& object) {
   if (object.kind == Kind::RawObject) {
     return rawName(database, static_cast<const RawObject&>(object).type);
   }
+  if (object.kind == Kind::GroupEntity) return static_cast<const GroupEntity&>(object).name;
+  if (object.kind == Kind::GroupObject) return static_cast<const GroupObject&>(object).name;
   if (object.kind == Kind::Control) {
     return kTables[static_cast<std::size_t>(static_cast<const Control&>(object).table)];
   }
@@ -117,6 +122,14 @@ std::string_view typeName(const Database& database, const Object& object) {
     if (row.kind == object.kind) return row.name;
   }
   return "";
+}
+
+std::string countedNames(const std::map<std::string, int>& counts) {
+  std::string list;
+  for (const auto& [name, count] : counts) {
+    list += (list.empty() ? "" : ", ") + std::to_string(count) + " " + name;
+  }
+  return list;
 }
 
 Kind kindOfName(std::string_view name) {

@@ -14,6 +14,8 @@ template <class F>
 decltype(auto) visitKind(Kind kind, F&& f) {
   switch (kind) {
     case Kind::RawEntity: return f(static_cast<RawEntity*>(nullptr));
+    case Kind::GroupEntity: return f(static_cast<GroupEntity*>(nullptr));
+    case Kind::GroupObject: return f(static_cast<GroupObject*>(nullptr));
     case Kind::Line: return f(static_cast<Line*>(nullptr));
     case Kind::Point: return f(static_cast<Point*>(nullptr));
     case Kind::Circle: return f(static_cast<Circle*>(nullptr));
@@ -21,6 +23,9 @@ decltype(auto) visitKind(Kind kind, F&& f) {
     case Kind::Ellipse: return f(static_cast<Ellipse*>(nullptr));
     case Kind::Solid: return f(static_cast<Solid*>(nullptr));
     case Kind::LwPolyline: return f(static_cast<LwPolyline*>(nullptr));
+    case Kind::Hatch: return f(static_cast<Hatch*>(nullptr));
+    case Kind::Polyline: return f(static_cast<Polyline*>(nullptr));
+    case Kind::Vertex: return f(static_cast<Vertex*>(nullptr));
     case Kind::Text: return f(static_cast<Text*>(nullptr));
     case Kind::Attrib: return f(static_cast<Attrib*>(nullptr));
     case Kind::Attdef: return f(static_cast<Attdef*>(nullptr));

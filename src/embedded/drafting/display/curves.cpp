@@ -1,6 +1,7 @@
 #include "embedded/drafting/display/curves.h"
 
 #include <algorithm>
+#include <array>
 #include <cmath>
 
 namespace drafting {
@@ -9,12 +10,6 @@ namespace {
 constexpr double kFullTurn = 2 * base::kPi;
 constexpr int kUsualPieces = 64, kFewestPieces = 12, kMostPieces = 720;  // of a full circle
 constexpr double kLongestMitre = 4;                                      // in half widths
-
-// A point on the middle line with the half width there.
-struct Station {
-  Point2 point;
-  double half = 0;
-};
 
 Point2 leftOf(Point2 direction) { return {-direction.y, direction.x}; }
 
@@ -73,17 +68,18 @@ struct Widths {
 
 class ShapeMaker {
  public:
-  ShapeMaker(const LwPolyline& polyline, double tolerance)
-      : polyline_(polyline), tolerance_(tolerance) {}
+  ShapeMaker(const LwPolyline& polyline, double tolerance, const DashPattern& pattern)
+      : polyline_(polyline), tolerance_(tolerance), pattern_(pattern) {}
 
   std::vector<PolylineShape> run() {
     const std::size_t count = polyline_.points.size();
     if (count == 0) return {};
     const std::size_t segments = polyline_.closed && count > 1 ? count : count - 1;
     if (segments == 0) return {{false, {polyline_.points[0]}}};
+    const bool eachAlone = !pattern_.isContinuous() && !polyline_.continuousPattern;
     bool unbroken = true;
     for (std::size_t i = 0; i < segments; ++i) {
-      if (i > 0 && breaksAt(i)) {
+      if (i > 0 && (eachAlone || breaksAt(i))) {
         finish(false);
         unbroken = false;
       }
@@ -120,27 +116,76 @@ class ShapeMaker {
   }
 
   void finish(bool closed) {
+    if (pattern_.isContinuous()) {
+      put(stations_, closed);
+    } else {
+      cutIntoDashes(stations_, pattern_,
+                    [this](std::span<const Station> dash) { put(dash, false); });
+    }
+    stations_.clear();
+  }
+
+  void put(std::span<const Station> stations, bool closed) {
     PolylineShape shape;
     shape.wide = wide_;
     if (wide_) {
-      shape.path = outlineOf(std::move(stations_), closed);
+      shape.path = outlineOf({stations.begin(), stations.end()}, closed);
     } else {
-      for (const Station& station : stations_) {
+      for (const Station& station : stations) {
         if (shape.path.empty() || shape.path.back() != station.point) {
           shape.path.push_back(station.point);
         }
       }
     }
-    stations_.clear();
     if (!shape.path.empty()) shapes_.push_back(std::move(shape));
   }
 
   const LwPolyline& polyline_;
   double tolerance_;
+  const DashPattern& pattern_;
   bool wide_ = false;
   std::vector<Station> stations_;
   std::vector<PolylineShape> shapes_;
 };
+
+// --- splines
+
+constexpr int kHighestDegree = 25, kPiecesOfSpan = 16;
+
+// A control point with its weight.
+struct Weighted {
+  Point2 point;
+  double weight = 1;
+};
+
+bool isSound(const SplineCurve& spline) {
+  const auto degree = static_cast<std::size_t>(std::max(spline.degree, 0));
+  return spline.degree >= 1 && spline.degree <= kHighestDegree && spline.controls.size() > degree &&
+         spline.knots.size() == spline.controls.size() + degree + 1 &&
+         (spline.weights.empty() || spline.weights.size() == spline.controls.size()) &&
+         std::is_sorted(spline.knots.begin(), spline.knots.end());
+}
+
+// De Boor's corner cutting in the span that begins at a knot.
+Point2 splinePoint(const SplineCurve& spline, std::size_t span, double at) {
+  const auto degree = static_cast<std::size_t>(spline.degree);
+  std::array<Weighted, kHighestDegree + 1> corners;
+  for (std::size_t i = 0; i <= degree; ++i) {
+    const std::size_t from = span - degree + i;
+    const double weight = spline.weights.empty() ? 1 : spline.weights[from];
+    corners[i] = {spline.controls[from] * weight, weight};
+  }
+  for (std::size_t round = 1; round <= degree; ++round) {
+    for (std::size_t i = degree; i >= round; --i) {
+      const double low = spline.knots[span - degree + i], high = spline.knots[span + 1 + i - round];
+      const double part = high > low ? (at - low) / (high - low) : 0;
+      corners[i].point = corners[i - 1].point * (1 - part) + corners[i].point * part;
+      corners[i].weight = corners[i - 1].weight * (1 - part) + corners[i].weight * part;
+    }
+  }
+  const Weighted& end = corners[degree];
+  return end.weight != 0 ? end.point * (1 / end.weight) : end.point;
+}
 
 }  // namespace
 
@@ -152,7 +197,10 @@ int piecesOf(double radius, double sweep, double tolerance) {
     ofCircle = kFewestPieces;
   }
   ofCircle = std::clamp<double>(ofCircle, kFewestPieces, kMostPieces);
-  return std::max(1, static_cast<int>(std::ceil(ofCircle * std::abs(sweep) / kFullTurn)));
+  // Angles of damaged drawings may be no numbers.
+  const double pieces = std::ceil(ofCircle * std::abs(sweep) / kFullTurn);
+  constexpr double kMostTurns = 100;
+  return pieces >= 1 && pieces <= kMostPieces * kMostTurns ? static_cast<int>(pieces) : 1;
 }
 
 Path arcPath(Point2 centre, double radius, double start, double sweep, double tolerance) {
@@ -189,8 +237,23 @@ double sweepOf(double start, double end) {
   return sweep > 0 ? sweep : sweep + kFullTurn;
 }
 
-std::vector<PolylineShape> shapesOf(const LwPolyline& polyline, double tolerance) {
-  return ShapeMaker(polyline, tolerance).run();
+std::vector<PolylineShape> shapesOf(const LwPolyline& polyline, double tolerance,
+                                    const DashPattern& pattern) {
+  return ShapeMaker(polyline, tolerance, pattern).run();
+}
+
+Path splinePath(const SplineCurve& spline) {
+  if (!isSound(spline)) return {spline.controls.begin(), spline.controls.end()};
+  Path path;
+  const auto degree = static_cast<std::size_t>(spline.degree);
+  for (std::size_t span = degree; span < spline.controls.size(); ++span) {
+    const double from = spline.knots[span], to = spline.knots[span + 1];
+    if (!(to > from)) continue;
+    for (int i = path.empty() ? 0 : 1; i <= kPiecesOfSpan; ++i) {
+      path.push_back(splinePoint(spline, span, from + (to - from) * i / kPiecesOfSpan));
+    }
+  }
+  return path;
 }
 
 }  // namespace drafting

@@ -4,6 +4,7 @@
 #include <vector>
 
 #include "embedded/drafting/database/entities.h"
+#include "embedded/drafting/display/dashes.h"
 
 namespace drafting {
 
@@ -28,7 +29,18 @@ struct PolylineShape {
   bool wide = false;
   Path path;
 };
-// One shape for a run of equal kind: where a polyline has width only in places, several.
-std::vector<PolylineShape> shapesOf(const LwPolyline& polyline, double tolerance);
+// One shape for a run of equal kind: where a polyline has width only in places, several; with a
+// linetype one for each dash. The pattern begins anew at each vertex unless it is a continuous one.
+std::vector<PolylineShape> shapesOf(const LwPolyline& polyline, double tolerance,
+                                    const DashPattern& pattern = {});
+
+// A spline; of no degree, or with knots that don't ascend, it is its control points' way.
+struct SplineCurve {
+  int degree = 3;
+  std::span<const double> knots;
+  std::span<const Point2> controls;
+  std::span<const double> weights;  // empty, or one a control point
+};
+Path splinePath(const SplineCurve& spline);
 
 }  // namespace drafting

@@ -40,6 +40,12 @@ class DisplayList {
     std::uint32_t first = 0;      // point, or label
     std::uint32_t count = 0;      // of points
   };
+  // What one entity of model space is shown as.
+  struct Chunk {
+    Handle entity = 0;
+    std::uint32_t first = 0, count = 0;  // items
+    Box2 box;                            // of strokes and areas; empty if there are none
+  };
   struct Label {
     std::string text;
     Affine2 place;  // as Words have it, in drawing units
@@ -53,6 +59,8 @@ class DisplayList {
                         const DisplayOptions& options = {});
 
   const std::vector<Item>& items() const { return items_; }
+  // In drawing order; the items follow each other in it until an entity is shown again.
+  const std::vector<Chunk>& chunks() const { return chunks_; }
   std::span<const Point2> points(const Item& item) const {
     return {points_.data() + item.first, item.count};
   }
@@ -65,10 +73,17 @@ class DisplayList {
   const std::set<std::string>& fontNotes() const { return fontNotes_; }
   bool cut() const { return cut_; }  // the limit was reached
 
+  // --- changes. A chunk's former items stay behind, unused.
+  std::uint32_t addChunk(Handle entity);  // its number
+  void clearChunk(std::uint32_t chunk);
+  void showAgain(std::uint32_t chunk, const Database& database, const Entity& entity,
+                 const DisplayOptions& options);
+
  private:
   friend class ListBuilder;
   void clear();  // keeps the memory
   std::vector<Item> items_;
+  std::vector<Chunk> chunks_;
   std::vector<Point2> points_;
   std::vector<Label> labels_;
   Box2 bounds_;

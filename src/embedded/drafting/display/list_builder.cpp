@@ -3,11 +3,14 @@
 #include <array>
 #include <cmath>
 
+#include "embedded/drafting/database/packed_groups.h"
 #include "embedded/drafting/database/type_names.h"
 #include "embedded/drafting/database/visit.h"
 #include "embedded/drafting/display/curves.h"
 #include "embedded/drafting/display/display_list.h"
+#include "embedded/drafting/display/hatching.h"
 #include "embedded/drafting/display/mtext_layout.h"
+#include "embedded/drafting/display/old_polylines.h"
 #include "embedded/drafting/display/text_layout.h"
 
 namespace drafting {
@@ -25,6 +28,7 @@ struct Surroundings {
   Handle layer = 0;  // for entities of layer 0; 0 outside of blocks
   std::int16_t colour = kForeground;
   std::int16_t lineweight = kDefaultLineweight;
+  Handle linetype = kContinuous;
   int depth = 0;
 };
 
@@ -59,30 +63,53 @@ class ListBuilder {
   ListBuilder(const Database& database, const DisplayOptions& options)
       : database_(database), options_(options), stepsLeft_(options.limit) {
     layerZero_ = database.findRecord(Table::Layers, "0");
+    linetypeScale_ = database.header.real("LTSCALE");
   }
 
   DisplayList run() {
-    showBlock(database_.modelSpace(), {});
+    for (const Entity* entity = database_.modelSpace().first; entity && step();
+         entity = entity->next) {
+      list_.chunks_.push_back({entity->handle, 0, 0, {}});
+      showChunk(list_.chunks_.back(), *entity);
+    }
     return std::move(list_);
   }
   DisplayList run(const Entity& entity) {
-    showEntity(entity, {});
+    runOne(entity);
     return std::move(list_);
+  }
+
+  // Adds to a list that was made before.
+  void showAgain(DisplayList& list, DisplayList::Chunk& chunk, const Entity& entity) {
+    std::swap(list_, list);
+    showChunk(chunk, entity);
+    std::swap(list_, list);
   }
 
   const DisplayList& runOne(const Entity& entity) {
     list_.clear();
     stepsLeft_ = options_.limit;
-    showEntity(entity, {});
+    DisplayList::Chunk chunk;
+    showChunk(chunk, entity);
     return list_;
   }
 
  private:
+  void showChunk(DisplayList::Chunk& chunk, const Entity& entity) {
+    chunk.first = static_cast<std::uint32_t>(list_.items_.size());
+    box_ = {};
+    showEntity(entity, {});
+    chunk.count = static_cast<std::uint32_t>(list_.items_.size()) - chunk.first;
+    chunk.box = box_;
+    list_.bounds_.add(box_);
+  }
+
   // --- what holds for all entities
 
   struct Look {
     Affine2 map;
     std::int16_t colour, lineweight;
+    Handle linetype;
   };
 
   // Each entity looked at and each point costs a step, so that a few bytes of nested arrays can't
@@ -123,6 +150,28 @@ class ListBuilder {
     return static_cast<std::int16_t>(weight >= 0 ? weight : kDefaultLineweight);
   }
 
+  Handle linetypeOf(const Entity& entity, const Layer* layer, const Surroundings& around) const {
+    const auto isRecord = [&](Handle linetype, const char* variable) {
+      return linetype != kByLayer && linetype == database_.header.handle(variable);
+    };
+    Handle linetype = entity.linetype;
+    if (linetype == kByLayer || isRecord(linetype, "LTYPE_BYLAYER")) {
+      linetype = layer ? layer->linetype : kContinuous;
+    }
+    const bool byBlock = linetype == kByBlock || isRecord(linetype, "LTYPE_BYBLOCK");
+    return byBlock ? around.linetype : linetype;
+  }
+
+  // Dashes are counted in the entity's own coordinates, so that a block's grow with it.
+  void choosePattern(const Entity& entity) {
+    pattern_.clear();
+    if (look_.linetype == kContinuous || look_.linetype == kByLayer) return;
+    const auto* linetype = database_.find<Linetype>(look_.linetype);
+    if (!linetype || linetype->dashes.empty()) return;
+    const double own = entity.linetypeScale > 0 ? entity.linetypeScale : 1;
+    pattern_.set(*linetype, own * (linetypeScale_ > 0 ? linetypeScale_ : 1));
+  }
+
   void showBlock(const BlockRecord& block, const Surroundings& around) {
     for (const Entity* entity = block.first; entity; entity = entity->next) {
       if (!step()) return;
@@ -134,9 +183,13 @@ class ListBuilder {
     const auto* layer = database_.find<Layer>(layerOf(entity, around));
     const bool insert = entity.kind == Kind::Insert;
     if (entity.invisible || hidden(layer, insert)) return;
-    look_ = {around.map, colourOf(entity, layer, around), lineweightOf(entity, layer, around)};
+    look_ = {around.map, colourOf(entity, layer, around), lineweightOf(entity, layer, around),
+             linetypeOf(entity, layer, around)};
+    choosePattern(entity);
     if (insert) {
       showInsert(static_cast<const Insert&>(entity), around);
+    } else if (const BlockRecord* picture = pictureOf(entity)) {
+      if (around.depth < kDeepestNesting) showBlock(*picture, inside(entity, around));
     } else if (entity.kind != Kind::Attdef || around.depth == 0) {
       visit(entity, [this](const auto& one) { show(one); });
     } else if (static_cast<const Attdef&>(entity).flags & kAttributeConstant) {
@@ -159,13 +212,26 @@ class ListBuilder {
       if (!finite(mapped)) return list_.points_.resize(first);
       list_.points_.push_back(mapped);
     }
-    for (auto i = first; i < list_.points_.size(); ++i) list_.bounds_.add(list_.points_[i]);
+    for (auto i = first; i < list_.points_.size(); ++i) box_.add(list_.points_[i]);
     list_.items_.push_back({kind, look_.colour, look_.lineweight, static_cast<std::uint32_t>(first),
                             static_cast<std::uint32_t>(path.size())});
   }
 
   void stroke(std::span<const Point2> path, const Point3& normal = kZAxis, double elevation = 0) {
-    put(DisplayList::Kind::Stroke, look_.map * objectPlane(normal, elevation), path);
+    strokeIn(look_.map * objectPlane(normal, elevation), path);
+  }
+
+  // With the dashes of the entity's linetype.
+  void strokeIn(const Affine2& map, std::span<const Point2> path) {
+    if (pattern_.isContinuous()) return put(DisplayList::Kind::Stroke, map, path);
+    std::vector<Station> way;
+    for (const Point2 point : path) way.push_back({point, 0});
+    Path dash;
+    cutIntoDashes(way, pattern_, [&](std::span<const Station> stations) {
+      dash.clear();
+      for (const Station& station : stations) dash.push_back(station.point);
+      put(DisplayList::Kind::Stroke, map, dash);
+    });
   }
 
   void area(std::span<const Point2> path, const Point3& normal, double elevation) {
@@ -244,7 +310,13 @@ class ListBuilder {
     const Path path =
         arcPath({}, 1, ellipse.startAngle, sweepOf(ellipse.startAngle, ellipse.endAngle),
                 size > 0 ? tolerance() / size : 0);
-    put(DisplayList::Kind::Stroke, look_.map * axes, path);
+    strokeAlong(axes, path);
+  }
+
+  // The path is one of the unit circle: its dashes are counted where it is drawn.
+  void strokeAlong(const Affine2& axes, Path path) {
+    for (Point2& point : path) point = axes(point);
+    strokeIn(look_.map, path);
   }
 
   void show(const Solid& solid) {
@@ -253,12 +325,39 @@ class ListBuilder {
   }
 
   void show(const LwPolyline& polyline) {
-    for (const PolylineShape& shape : shapesOf(polyline, tolerance())) {
-      if (shape.wide)
-        area(shape.path, polyline.normal, polyline.elevation);
-      else
-        stroke(shape.path, polyline.normal, polyline.elevation);
+    showShapes(polyline, polyline.normal, polyline.elevation);
+  }
+
+  void showShapes(const LwPolyline& polyline, const Point3& normal, double elevation) {
+    const Affine2 map = look_.map * objectPlane(normal, elevation);
+    for (const PolylineShape& shape : shapesOf(polyline, tolerance(), pattern_)) {
+      put(shape.wide ? DisplayList::Kind::Area : DisplayList::Kind::Stroke, map, shape.path);
     }
+  }
+
+  void show(const Polyline& polyline) {
+    if (!step(polyline.vertices.size())) return;
+    if (polyline.form == Polyline::Form::Flat) {
+      return showShapes(flatPolyline(database_, polyline), polyline.normal, polyline.elevation);
+    }
+    for (const Path& path : spacePaths(database_, polyline)) stroke(path);
+  }
+
+  // Lines that stand too close to be told apart are shown as a filled area.
+  void show(const Hatch& hatch) {
+    const std::vector<HatchLoop> loops = loopsOf(hatch, tolerance());
+    if (hatch.solid || !showPattern(hatch, loops)) {
+      area(filledOutline(loops), hatch.normal, hatch.elevation);
+    }
+  }
+
+  bool showPattern(const Hatch& hatch, const std::vector<HatchLoop>& loops) {
+    const Affine2 map = look_.map * objectPlane(hatch.normal, hatch.elevation);
+    return drawPattern(hatch, loops, [&](Point2 from, Point2 to) {
+      const std::array ends{from, to};
+      put(DisplayList::Kind::Stroke, map, std::span(ends).first(from == to ? 1 : 2));
+      return stepsLeft_ > 0;
+    });
   }
 
   void show(const Text& text) { showText(text, text.text); }
@@ -278,24 +377,52 @@ class ListBuilder {
     }
     for (const PlacedLine& placed : layOutParagraph(text, style)) {
       if (!payFor(placed.line)) return;
+      const std::int16_t own = look_.colour;
+      if (placed.colour > 0) look_.colour = placed.colour;
       putLine(placed.line, look_.map * placed.place);
+      look_.colour = own;
     }
   }
 
-  void show(const RawEntity& entity) {
+  void show(const RawEntity& entity) { leaveOut(entity); }
+  void show(const GroupEntity& entity) { leaveOut(entity); }
+  void leaveOut(const Entity& entity) {
     ++list_.notShown_[std::string(typeName(database_, entity))];
   }
 
   void show(const Object&) {}  // heads and ends of blocks and sequences
 
+  // What the content of a block takes from the entity that shows it.
+  Surroundings inside(const Entity& entity, const Surroundings& around) const {
+    return {around.map,       layerOf(entity, around), look_.colour,
+            look_.lineweight, look_.linetype,          around.depth + 1};
+  }
+
+  // A dimension's picture is a nameless block that stands where it was drawn.
+  const BlockRecord* pictureOf(const Entity& entity) const {
+    constexpr std::uint16_t kFirst = 0x14, kLast = 0x1A;
+    if (entity.kind == Kind::GroupEntity) return pictureOf(static_cast<const GroupEntity&>(entity));
+    if (entity.kind != Kind::RawEntity) return nullptr;
+    const auto& raw = static_cast<const RawEntity&>(entity);
+    if (raw.type < kFirst || raw.type > kLast) return nullptr;
+    for (const Reference& reference : raw.references) {
+      const auto* block = database_.find<BlockRecord>(reference.target);
+      if (block && !block->isSpace() && block->name.starts_with('*')) return block;
+    }
+    return nullptr;
+  }
+  const BlockRecord* pictureOf(const GroupEntity& entity) const {
+    if (entity.name != "DIMENSION") return nullptr;
+    const Handle block = database_.findRecord(Table::Blocks, packedValue(entity.groups, 2));
+    const auto* found = database_.find<BlockRecord>(block);
+    return found && !found->isSpace() ? found : nullptr;
+  }
+
   void showInsert(const Insert& insert, const Surroundings& around) {
-    const Look look = look_;
     const auto* layer = database_.find<Layer>(layerOf(insert, around));
     const auto* block = database_.find<BlockRecord>(insert.block);
     if (block && !block->isSpace() && around.depth < kDeepestNesting) {
-      showCells(
-          insert, *block,
-          {around.map, layerOf(insert, around), look.colour, look.lineweight, around.depth + 1});
+      showCells(insert, *block, inside(insert, around));
     }
     if (layer && layer->off) return;
     for (const Handle handle : insert.attributes) {
@@ -328,14 +455,34 @@ class ListBuilder {
   std::size_t stepsLeft_;
   Handle layerZero_ = 0;
   std::map<Handle, TextFont> fonts_;  // of text styles
+  double linetypeScale_ = 1;
   Look look_{};
+  DashPattern pattern_;  // of the entity being shown
+  Box2 box_;             // of the chunk being shown
   DisplayList list_;
 };
+
+std::uint32_t DisplayList::addChunk(Handle entity) {
+  chunks_.push_back({entity, 0, 0, {}});
+  return static_cast<std::uint32_t>(chunks_.size() - 1);
+}
+
+void DisplayList::clearChunk(std::uint32_t chunk) {
+  chunks_[chunk] = {chunks_[chunk].entity, 0, 0, {}};
+}
+
+void DisplayList::showAgain(std::uint32_t chunk, const Database& database, const Entity& entity,
+                            const DisplayOptions& options) {
+  Chunk shown = chunks_[chunk];
+  ListBuilder(database, options).showAgain(*this, shown, entity);
+  chunks_[chunk] = shown;
+}
 
 void DisplayList::clear() {
   items_.clear();
   points_.clear();
   labels_.clear();
+  chunks_.clear();
   bounds_ = {};
   notShown_.clear();
   cut_ = false;

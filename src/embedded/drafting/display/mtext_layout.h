@@ -5,11 +5,13 @@
 
 namespace drafting {
 
-// The lines, each with its map to drawing units. Codes that change fonts, colours and sizes within
-// the text are passed over; the text itself is whole.
+// A part of a line that looks the same throughout, with its map to drawing units. Of a fraction
+// there are two, above and below. The text of all parts together is the whole text; changes of the
+// font within it are passed over.
 struct PlacedLine {
   TextLine line;
   Affine2 place;
+  std::int16_t colour = -1;  // index; -1: the entity's
 };
 // What a paragraph takes from its text style.
 struct ParagraphStyle {
@@ -20,7 +22,7 @@ struct ParagraphStyle {
 };
 std::vector<PlacedLine> layOutParagraph(const MText& text, const ParagraphStyle& style = {});
 
-// The text without its codes, a line feed where a line ends.
+// The text without its codes, a line feed where a line ends, fractions in one line.
 std::string plainOfMText(std::string_view text);
 
 }  // namespace drafting

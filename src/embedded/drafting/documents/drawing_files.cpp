@@ -35,15 +35,27 @@ base::Result<std::unique_ptr<Database>> readDrawing(const std::string& path, con
   return database;
 }
 
-base::Status saveDrawingFile(const Database& database, const std::string& path, const Note& note) {
+std::string drawingLosses(const Database& database, const std::string& path) {
+  switch (formOf(path)) {
+    case Form::Dwg: return dwgLosses(database);
+    case Form::Dxf: return dxfLosses(database);
+    case Form::Unknown: break;
+  }
+  return "";
+}
+
+base::Status saveDrawingFile(const Database& database, const std::string& path, Losses losses,
+                             const Note& note) {
   const Form form = formOf(path);
   if (form == Form::Unknown) return unknownForm(path);
+  if (const std::string lost = drawingLosses(database, path); !lost.empty()) {
+    const std::string what = path + ": a " + (form == Form::Dwg ? "DWG" : "DXF") +
+                             " file can't hold everything; it would lack " + lost;
+    if (losses == Losses::Refused) return base::Status::failure(what + "; nothing was written");
+    if (note) note(what);
+  }
   const auto file = base::resolvePath(base::wideFromUtf8(path));
-  if (form == Form::Dwg) return saveDwg(database, file);
-  const std::string losses = dxfLosses(database);
-  if (note && !losses.empty())
-    note(path + ": a DXF file can't hold everything; left out: " + losses);
-  return saveDxf(database, file);
+  return form == Form::Dwg ? saveDwg(database, file) : saveDxf(database, file);
 }
 
 }  // namespace drafting

@@ -17,9 +17,16 @@ using Note = std::function<void(std::string_view)>;
 // `path` is UTF-8, in the notation of either system.
 base::Result<std::unique_ptr<Database>> readDrawing(const std::string& path, const Note& note = {});
 
-// Atomically, keeping the old file as backup. What the form of file can't hold goes to `note`
-// before anything is written.
+// What the form of file that `path` names can't hold of the drawing, as "2 DIMENSION, 1 SPLINE".
+// Empty if nothing would be lost.
+std::string drawingLosses(const Database& database, const std::string& path);
+
+// Whether a drawing is saved although the file can't hold all of it.
+enum class Losses { Refused, Accepted };
+
+// Atomically, keeping the old file as backup. Losses are refused before anything is written, or
+// told to `note`.
 base::Status saveDrawingFile(const Database& database, const std::string& path,
-                             const Note& note = {});
+                             Losses losses = Losses::Refused, const Note& note = {});
 
 }  // namespace drafting

@@ -5,7 +5,6 @@
 
 #include "embedded/base/paths.h"
 #include "embedded/base/text.h"
-#include "embedded/drafting/documents/drawing_files.h"
 #include "embedded/drafting/documents/lost_drawings.h"
 
 namespace drafting {
@@ -82,10 +81,9 @@ base::Status Session::recoverDrawing(const std::filesystem::path& record) {
   return {};
 }
 
-base::Status Session::saveDrawing(const std::string& path) {
+base::Status Session::saveDrawing(const std::string& path, Losses losses) {
   view.storeIn(database());
-  base::Status status = saveDrawingFile(
-      database(), path, [this](std::string_view note) { print("\n" + std::string(note)); });
+  base::Status status = saveDrawingFile(database(), path, losses);
   if (status.ok()) {
     document_->path = path;
     database().journal().markSaved();

@@ -12,6 +12,7 @@
 #include "embedded/drafting/commands/command.h"
 #include "embedded/drafting/commands/command_line.h"
 #include "embedded/drafting/documents/document.h"
+#include "embedded/drafting/documents/drawing_files.h"
 #include "embedded/drafting/documents/faults.h"
 #include "embedded/drafting/documents/modules.h"
 #include "embedded/drafting/documents/recovery.h"
@@ -51,7 +52,8 @@ class Session {
   // prompt must be cancelled first.
   base::Status newDrawing();
   base::Status openDrawing(const std::string& path);  // by its extension DWG or DXF
-  base::Status saveDrawing(const std::string& path);  // likewise; becomes the document's path
+  // Likewise; becomes the document's path. Losses that are accepted are the caller's to tell.
+  base::Status saveDrawing(const std::string& path, Losses losses = Losses::Refused);
   // Goes on with a drawing that another session left behind (lost_drawings.h).
   base::Status recoverDrawing(const std::filesystem::path& record);
 

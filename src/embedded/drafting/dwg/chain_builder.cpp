@@ -17,7 +17,7 @@ void ChainBuilder::build() {
   for (std::size_t i = 0; i < items_.size(); ++i) {
     Object& object = *items_[i].object;
     const ChainLinks links = items_[i].links;
-    if (object.kind == Kind::BlockRecord || object.kind == Kind::Insert) {
+    if (object.kind == Kind::BlockRecord || membersOf(object).list) {
       follow(object, links.first, links.last);
     } else if (object.kind == Kind::RawEntity) {
       for (const Reference& reference : static_cast<const RawEntity&>(object).references) {
@@ -26,6 +26,18 @@ void ChainBuilder::build() {
     }
   }
   placeRest();
+  checkEnds();
+}
+
+// A stated SEQEND that is something else belongs to somebody else.
+void ChainBuilder::checkEnds() {
+  for (const Item& item : items_) {
+    const Members members = membersOf(*item.object);
+    if (!members.list || *members.seqEnd == 0) continue;
+    const Object* end = db_.find(*members.seqEnd);
+    const bool isOwn = end && end->kind == Kind::SeqEnd && end->owner == item.object->handle;
+    if (!isOwn) *members.seqEnd = 0;
+  }
 }
 
 ChainBuilder::Item* ChainBuilder::find(Handle handle) {
@@ -67,8 +79,8 @@ void ChainBuilder::place(Item& item) {
   tail_ = &entity;
   item.placed = true;
   Object* owner = db_.find(entity.owner);
-  if (owner && owner->kind == Kind::Insert) {
-    static_cast<Insert*>(owner)->attributes.push_back(entity.handle);
+  if (const Members members = owner ? membersOf(*owner) : Members{}; members.list) {
+    members.list->push_back(entity.handle);
   }
 }
 
@@ -81,9 +93,8 @@ void ChainBuilder::placeRest() {
     const Kind kind = owner ? owner->kind : Kind::RawObject;
     if (kind == Kind::BlockRecord) {
       tail_ = static_cast<BlockRecord*>(owner)->last;
-    } else if (kind == Kind::Insert) {
-      const auto& attributes = static_cast<Insert*>(owner)->attributes;
-      tail_ = attributes.empty() ? nullptr : db_.find<Entity>(attributes.back());
+    } else if (const Members members = owner ? membersOf(*owner) : Members{}; members.list) {
+      tail_ = members.list->empty() ? nullptr : db_.find<Entity>(members.list->back());
     } else {
       lost += kind == Kind::RawEntity ? 0 : 1;
       continue;

@@ -1,5 +1,5 @@
 // Makes chains of entities from the links that a DWG file states: the content of blocks, the
-// attributes of INSERTs, the vertices of carried-through polylines.
+// attributes of INSERTs, the vertices of polylines.
 #pragma once
 
 #include <vector>
@@ -35,6 +35,7 @@ class ChainBuilder {
   void follow(const Object& owner, Handle first, Handle last);
   void place(Item& item);
   void placeRest();
+  void checkEnds();
 
   Database& db_;
   ReadReport& report_;

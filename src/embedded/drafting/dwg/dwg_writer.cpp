@@ -5,8 +5,10 @@
 
 #include <algorithm>
 #include <cstdio>
+#include <map>
 
 #include "embedded/base/files.h"
+#include "embedded/drafting/database/type_names.h"
 #include "embedded/drafting/dwg/object_codec.h"
 #include "embedded/drafting/dwg/sections.h"
 
@@ -31,6 +33,8 @@ class DwgWriter {
 
  private:
   void collectInserts();
+  void collectAbsent();
+  void addMissingClasses();
   void findDictionaryClass();
   void writeObjects();
   void writeObject(const Object& object);
@@ -46,12 +50,32 @@ class DwgWriter {
   std::vector<DxfClass> classes_;
   std::uint16_t dictionaryClass_ = 0;
   std::unordered_map<Handle, std::vector<Handle>> inserts_;  // by block record
+  std::unordered_set<Handle> absent_;                        // objects that stay out
   FieldWriter w_;
   std::string out_;
   std::vector<MapEntry> map_;
   std::array<Locator, kSectionCount> locators_{};
   Status status_;
 };
+
+bool isOfGroups(const Object& object) {
+  return object.kind == Kind::GroupEntity || object.kind == Kind::GroupObject;
+}
+
+// Objects that are only known as DXF groups, and what belongs to them.
+void DwgWriter::collectAbsent() {
+  constexpr int kDeepest = 8;  // extension dictionaries and what they hold
+  db_.forEach([this](const Object& object) {
+    if (isOfGroups(object)) absent_.insert(object.handle);
+  });
+  for (std::size_t before = 0, round = 0; absent_.size() != before && round < kDeepest; ++round) {
+    before = absent_.size();
+    db_.forEach([this](const Object& object) {
+      if (absent_.contains(object.owner)) absent_.insert(object.handle);
+    });
+  }
+  if (!absent_.empty()) w_.absent = &absent_;
+}
 
 // The INSERTs of each block record, which lists them.
 void DwgWriter::collectInserts() {
@@ -63,6 +87,26 @@ void DwgWriter::collectInserts() {
     if (block != lastBlock || !list) list = &inserts_[lastBlock = block];
     list->push_back(object.handle);
   });
+}
+
+// In damaged drawings objects are of classes that aren't listed. Their numbers stay theirs: what is
+// added to the list comes behind them.
+void DwgWriter::addMissingClasses() {
+  constexpr std::uint16_t kEntity = 0x1F2, kObject = 0x1F3;
+  std::map<std::uint16_t, std::uint16_t> missing;  // type -> kind of its objects
+  db_.forEach([&](const Object& object) {
+    const bool isRaw = object.kind == Kind::RawEntity || object.kind == Kind::RawObject;
+    const std::uint16_t type = isRaw ? typeOfKind(object) : std::uint16_t{0};
+    if (type < kFirstClass + classes_.size()) return;
+    missing[type] = object.kind == Kind::RawEntity ? kEntity : kObject;
+  });
+  if (missing.empty()) return;
+  while (kFirstClass + classes_.size() <= missing.rbegin()->first) {
+    const auto number = static_cast<std::uint16_t>(kFirstClass + classes_.size());
+    const auto kind = missing.find(number);
+    classes_.push_back(
+        {number, 0, "", "", "", false, kind == missing.end() ? kObject : kind->second});
+  }
 }
 
 // Dictionaries with a default item are of a class; a drawing that came without it gets it.
@@ -107,7 +151,7 @@ void DwgWriter::writeObjects() {
   map_.reserve(db_.objectCount());
   writeObject(blocks);
   db_.forEach([&](const Object& object) {
-    if (&object != &blocks) writeObject(object);
+    if (&object != &blocks && !w_.isAbsent(object.handle)) writeObject(object);
   });
   const auto byHandle = [](const MapEntry& a, const MapEntry& b) { return a.handle < b.handle; };
   std::inplace_merge(map_.begin(), map_.begin() + 1, map_.end(), byHandle);
@@ -115,6 +159,8 @@ void DwgWriter::writeObjects() {
 
 base::Result<std::string> DwgWriter::write() {
   collectInserts();
+  collectAbsent();
+  addMissingClasses();
   findDictionaryClass();
   out_.reserve(db_.objectCount() * 112 + 16384);
   out_.assign(kFileHeaderSize, '\0');
@@ -148,6 +194,14 @@ base::Result<std::string> DwgWriter::write() {
 }
 
 }  // namespace
+
+std::string dwgLosses(const Database& database) {
+  std::map<std::string, int> counts;
+  database.forEach([&](const Object& object) {
+    if (isOfGroups(object)) ++counts[std::string(typeName(database, object))];
+  });
+  return countedNames(counts);
+}
 
 base::Result<std::string> writeDwg(const Database& database) { return DwgWriter(database).write(); }
 

@@ -9,6 +9,10 @@
 
 namespace drafting {
 
+// What a DWG file of the drawing would lack, as "2 SPLINE, 1 TABLESTYLE": entities and objects that
+// came from a DXF file and are of kinds that aren't known. Empty if nothing is lost.
+std::string dwgLosses(const Database& database);
+
 // The bytes of the file. Fails, naming the object, if the drawing holds what the format can't: a
 // text beyond 65,535 bytes, a file beyond 4 GB.
 base::Result<std::string> writeDwg(const Database& database);

@@ -107,17 +107,22 @@ void FieldReader::insertTail(Insert& insert) {
   }
   insert.attributes.clear();
   insert.seqEnd = 0;
-  if (!hasAttributes) return;
+  if (hasAttributes) members(insert.attributes, insert.seqEnd);
+}
+
+// A file has a chain where an image has a list.
+void FieldReader::members(std::vector<Handle>& list, Handle& seqEnd) {
+  list.clear();
   if (isImage()) {
     const std::size_t n = data.longInteger();
     if (!references.holds(n, 8)) return fail();
-    insert.attributes.resize(n);
-    for (Handle& attribute : insert.attributes) attribute = reference();
+    list.resize(n);
+    for (Handle& member : list) member = reference();
   } else {
     links.first = reference();
     links.last = reference();
   }
-  insert.seqEnd = reference();
+  seqEnd = reference();
 }
 
 void FieldReader::rawBody(RawEntity& entity) { readRest(entity.body, entity.references); }

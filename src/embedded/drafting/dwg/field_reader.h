@@ -54,6 +54,13 @@ class FieldReader {
   void lineEnds(Line& line);
   void solidCorners(Solid& solid);
   void lwPolyline(LwPolyline& line);
+  void packedGroups(std::string& groups) { blob("", 0, groups); }
+  void planeElevation(int, double& value) { value = data.real(); }
+  void hatchPaths(Hatch& hatch);
+  void hatchLines(Hatch& hatch);
+  void hatchSeeds(Hatch& hatch);
+  void polyline(Polyline& polyline);
+  void vertex(Vertex& vertex);
   void textFields(TextBase& text);
   void verticalAlignment(int, TextBase&) {}
   void insertScale(Insert& insert);
@@ -82,6 +89,22 @@ class FieldReader {
     view.viewMode = static_cast<std::int16_t>(on ? view.viewMode | mask : view.viewMode & ~mask);
   }
   void readRest(Bits& body, std::vector<Reference>& list);
+  void members(std::vector<Handle>& list, Handle& seqEnd);
+  void hatchPolyline(Hatch::Path& path);
+  void hatchEdge(Hatch::Edge& edge);
+  void hatchSpline(Hatch::Edge& edge);
+  // Fills `list` with `n` items that take at least `bits` each; nothing if the data can't hold
+  // them.
+  template <class T, class F>
+  void items(std::vector<T>& list, std::size_t n, std::size_t bits, F read) {
+    if (!data.holds(n, bits)) return fail();
+    list.clear();
+    list.resize(n);
+    for (T& item : list) {
+      if (!ok()) return;
+      read(item);
+    }
+  }
 
   std::size_t insertCount_ = 0;
 };

@@ -1,5 +1,6 @@
 #include "embedded/drafting/dwg/field_writer.h"
 
+#include <algorithm>
 #include <bit>
 #include <cmath>
 
@@ -140,16 +141,18 @@ void FieldWriter::insertTail(const Insert& insert) {
     data.real(insert.columnSpacing);
     data.real(insert.rowSpacing);
   }
-  if (!hasAttributes) return;
+  if (hasAttributes) members(insert.attributes, insert.seqEnd);
+}
+
+void FieldWriter::members(const std::vector<Handle>& list, Handle seqEnd) {
   if (isImage()) {
-    data.longInteger(static_cast<std::uint32_t>(insert.attributes.size()));
-    for (const Handle attribute : insert.attributes) references.reference(kSoftPointer, attribute);
+    listSize(list.size());
+    for (const Handle member : list) references.reference(kSoftPointer, member);
   } else {
-    const bool none = insert.attributes.empty();
-    references.reference(kSoftPointer, none ? 0 : insert.attributes.front());
-    references.reference(kSoftPointer, none ? 0 : insert.attributes.back());
+    references.reference(kSoftPointer, list.empty() ? 0 : list.front());
+    references.reference(kSoftPointer, list.empty() ? 0 : list.back());
   }
-  references.reference(kHardOwner, insert.seqEnd);
+  references.reference(kHardOwner, seqEnd);
 }
 
 void FieldWriter::rawBody(const RawEntity& entity) {
@@ -189,8 +192,9 @@ void FieldWriter::insertCount(const BlockRecord&) {
 void FieldWriter::blockContent(const BlockRecord& block) {
   references.reference(kHardOwner, block.begin);
   if (!isImage() && !block.isXref && !block.isOverlay) {
-    references.reference(kSoftPointer, block.first ? block.first->handle : 0);
-    references.reference(kSoftPointer, block.last ? block.last->handle : 0);
+    const Entity *first = onwards(block.first), *last = backwards(block.last);
+    references.reference(kSoftPointer, first ? first->handle : 0);
+    references.reference(kSoftPointer, last ? last->handle : 0);
   }
   references.reference(kHardOwner, block.end);
   if (isImage() || !inserts) return;
@@ -238,11 +242,15 @@ void FieldWriter::viewIcon(const Viewport& view) {
 }
 
 void FieldWriter::dictionaryItems(const Dictionary& dictionary) {
-  data.longInteger(static_cast<std::uint32_t>(dictionary.items.size()));
+  const auto absentItems =
+      std::count_if(dictionary.items.begin(), dictionary.items.end(),
+                    [this](const auto& item) { return isAbsent(item.second); });
+  listSize(dictionary.items.size() - static_cast<std::size_t>(absentItems));
   integer("", 0, dictionary.cloning);
   data.rawByte(dictionary.hardOwner);
   if (isImage()) data.bit(dictionary.withDefault);
   for (const auto& [name, item] : dictionary.items) {
+    if (isAbsent(item)) continue;
     text("", 0, name);
     references.reference(kSoftOwner, item);
   }

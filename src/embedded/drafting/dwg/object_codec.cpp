@@ -18,7 +18,8 @@ struct TypeRow {
   Kind kind;
 };
 
-// Frozen: DWG types of the kinds. INSERT is also 8, the array form.
+// Frozen: DWG types of the kinds. INSERT is also 8, the array form; polylines and their vertices
+// have one for each form.
 constexpr TypeRow kTypes[] = {
     {0x01, Kind::Text},      {0x02, Kind::Attrib},      {0x03, Kind::Attdef},
     {0x04, Kind::Block},     {0x05, Kind::EndBlock},    {0x06, Kind::SeqEnd},
@@ -28,6 +29,10 @@ constexpr TypeRow kTypes[] = {
     {0x2C, Kind::MText},     {0x31, Kind::BlockRecord}, {0x33, Kind::Layer},
     {0x35, Kind::TextStyle}, {0x39, Kind::Linetype},    {0x41, Kind::Viewport},
     {0x43, Kind::AppId},     {0x45, Kind::DimStyle},    {0x4D, Kind::LwPolyline},
+    {0x4E, Kind::Hatch},     {0x0A, Kind::Vertex},      {0x0B, Kind::Vertex},
+    {0x0C, Kind::Vertex},    {0x0D, Kind::Vertex},      {0x0E, Kind::Vertex},
+    {0x0F, Kind::Polyline},  {0x10, Kind::Polyline},    {0x1D, Kind::Polyline},
+    {0x1E, Kind::Polyline},
 };
 
 // --- linetype and plot style: 2 bits, and a reference where they say 3
@@ -64,9 +69,17 @@ void readExtendedData(FieldReader& r, Object& object) {
   }
 }
 
+std::uint32_t reactorCount(const FieldWriter& w, const Object& object) {
+  const auto isThere = [&w](Handle reactor) { return !w.isAbsent(reactor); };
+  return static_cast<std::uint32_t>(
+      std::count_if(object.reactors.begin(), object.reactors.end(), isThere));
+}
+
 void writeReactors(FieldWriter& w, const Object& object) {
-  for (const Handle reactor : object.reactors) w.references.reference(kSoftPointer, reactor);
-  w.references.reference(kHardOwner, object.extension);
+  for (const Handle reactor : object.reactors) {
+    if (!w.isAbsent(reactor)) w.references.reference(kSoftPointer, reactor);
+  }
+  w.references.reference(kHardOwner, w.isAbsent(object.extension) ? 0 : object.extension);
 }
 
 void readReactors(FieldReader& r, Object& object, std::size_t n) {
@@ -78,10 +91,9 @@ void readReactors(FieldReader& r, Object& object, std::size_t n) {
 
 // True where "no links" stands for the neighbours. BLOCK, ENDBLK and SEQEND always store (null)
 // links; images have none.
-bool linksAreImplied(const Entity& e, bool image) {
+bool linksAreImplied(const Entity& e, const Entity* previous, const Entity* next, bool image) {
   if (image) return true;
-  return e.previous && e.next && e.previous->handle == e.handle - 1 &&
-         e.next->handle == e.handle + 1;
+  return previous && next && previous->handle == e.handle - 1 && next->handle == e.handle + 1;
 }
 
 void writeEntityCommon(FieldWriter& w, const Entity& e, OwnerMode mode) {
@@ -91,10 +103,11 @@ void writeEntityCommon(FieldWriter& w, const Entity& e, OwnerMode mode) {
     w.data.rawLong(static_cast<std::uint32_t>(raw->graphics.size()));
     w.data.bytes(raw->graphics);
   }
-  const bool implied = linksAreImplied(e, w.isImage());
+  const Entity *previous = w.backwards(e.previous), *next = w.onwards(e.next);
+  const bool implied = linksAreImplied(e, previous, next, w.isImage());
   const unsigned linetype = styleCode(e.linetype), plotStyle = styleCode(e.plotStyle);
   w.data.bits(static_cast<unsigned>(mode), 2);
-  w.data.longInteger(static_cast<std::uint32_t>(e.reactors.size()));
+  w.data.longInteger(reactorCount(w, e));
   w.data.bit(implied);
   w.integer("", 0, e.colour);
   w.data.real(e.linetypeScale);
@@ -106,8 +119,8 @@ void writeEntityCommon(FieldWriter& w, const Entity& e, OwnerMode mode) {
   if (mode == OwnerMode::Stored) w.references.reference(kSoftPointer, e.owner);
   writeReactors(w, e);
   if (!implied) {
-    w.references.reference(kSoftPointer, e.previous ? e.previous->handle : 0);
-    w.references.reference(kSoftPointer, e.next ? e.next->handle : 0);
+    w.references.reference(kSoftPointer, previous ? previous->handle : 0);
+    w.references.reference(kSoftPointer, next ? next->handle : 0);
   }
   w.references.reference(kHardPointer, e.layer);
   if (linetype == 3) w.references.reference(kHardPointer, e.linetype);
@@ -148,7 +161,7 @@ void readEntityCommon(FieldReader& r, Entity& e, EntityFrame& frame) {
 }
 
 void writeObjectCommon(FieldWriter& w, const Object& object) {
-  w.data.longInteger(static_cast<std::uint32_t>(object.reactors.size()));
+  w.data.longInteger(reactorCount(w, object));
   w.references.reference(kSoftPointer, object.owner);
   writeReactors(w, object);
 }
@@ -225,7 +238,11 @@ std::uint16_t typeOfKind(const Object& object) {
   switch (object.kind) {
     case Kind::RawEntity: return static_cast<const RawEntity&>(object).type;
     case Kind::RawObject: return static_cast<const RawObject&>(object).type;
+    case Kind::GroupEntity:
+    case Kind::GroupObject: return 0;  // there is none: no file of this form holds them
     case Kind::Insert: return static_cast<const Insert&>(object).isArray ? 8 : 7;
+    case Kind::Polyline: return typeOfForm(static_cast<const Polyline&>(object).form);
+    case Kind::Vertex: return typeOfForm(static_cast<const Vertex&>(object).form);
     case Kind::Control:
       return kControlTypes[static_cast<std::size_t>(static_cast<const Control&>(object).table)];
     default: break;

@@ -1,5 +1,6 @@
 #include "embedded/drafting/dxf/carried.h"
 
+#include "embedded/drafting/database/packed_groups.h"
 #include "embedded/drafting/dxf/raw_bodies.h"
 
 namespace drafting {
@@ -26,6 +27,23 @@ bool holds(const Database& database, Handle handle, int depth) {
 }
 
 }  // namespace
+
+void keepGroup(std::string& packed, const Group& group) {
+  constexpr int kLastCode = 1071;
+  if (group.code > 0 && group.code <= kLastCode) packGroup(packed, group.code, group.value);
+}
+
+std::string packedGroups(std::span<const Group> groups) {
+  std::string packed;
+  for (const Group& group : groups) keepGroup(packed, group);
+  return packed;
+}
+
+void writePackedGroups(std::string_view packed, GroupSink& sink) {
+  int code = 0;
+  std::string_view value;
+  while (takeGroup(packed, code, value)) sink.text(code, value);
+}
 
 bool dxfHolds(const Database& database, Handle handle) { return holds(database, handle, 0); }
 

@@ -2,11 +2,14 @@
 
 #include <algorithm>
 #include <array>
+#include <utility>
 
 #include "embedded/base/text.h"
 #include "embedded/drafting/database/type_names.h"
 #include "embedded/drafting/database/visit.h"
+#include "embedded/drafting/dxf/carried.h"
 #include "embedded/drafting/dxf/extended_groups.h"
+#include "embedded/drafting/dxf/light_polyline.h"
 #include "embedded/drafting/dxf/raw_bodies.h"
 
 namespace drafting {
@@ -30,6 +33,12 @@ std::optional<Table> tableOfName(std::string_view name) {
 
 constexpr const char* kModelSpace = "*Model_Space";
 constexpr const char* kPaperSpace = "*Paper_Space";
+
+// Groups of an entity that stand for what all entities have.
+bool isCommonCode(int code) {
+  constexpr std::array kCommon{6, 8, 48, 60, 62, 67, 370, 390, 410};
+  return std::find(kCommon.begin(), kCommon.end(), code) != kCommon.end();
+}
 
 // Release 12 has no other names for the spaces.
 std::string_view blockName(std::string_view name) {
@@ -175,7 +184,7 @@ void DxfContent::beginBlock(const DxfObject& object) {
   groups.enter("AcDbBlockBegin");
   const std::string name(blockName(groups.text(2)));
   block_ = db_->find<BlockRecord>(tables_->findOrMake(Table::Blocks, name));
-  insert_ = nullptr;
+  finishMembers();
   if (!block_) return leaveOut(object);
   const int flags = groups.integer(70, 0);
   block_->anonymous = (flags & 1) != 0;
@@ -194,8 +203,7 @@ void DxfContent::beginBlock(const DxfObject& object) {
 }
 
 void DxfContent::endBlock(const DxfObject& object) {
-  finishPolyline();
-  insert_ = nullptr;
+  finishMembers();
   if (!block_) return leaveOut(object);
   if (!db_->find<EndBlock>(block_->end)) {
     auto end = std::make_unique<EndBlock>();
@@ -215,27 +223,40 @@ BlockRecord* DxfContent::space(const DxfObject& object) {
 }
 
 void DxfContent::addEntity(const DxfObject& object, BlockRecord* block) {
-  if (object.name == "ATTRIB" || object.name == "SEQEND") return addMember(object);
-  if (object.name == "VERTEX") return addVertex(object);
-  finishPolyline();
-  insert_ = nullptr;
-  if (!block) return leaveOut(object);
-  if (object.name == "POLYLINE") {
-    auto line = std::make_unique<LwPolyline>();
-    fillCommon(*line, object);
-    fillExtended(*line, object);
-    polyline_ = std::make_unique<PolylineParts>(std::move(line), GroupSection(object.groups));
-    polylineBlock_ = block;
-    if (!polyline_->isFlat()) leaveOut(object);
-    return;
-  }
   const Kind kind = kindOfName(object.name);
-  if (!isEntity(kind) || kind == Kind::RawEntity || kind == Kind::Block || kind == Kind::EndBlock) {
-    return leaveOut(object);
+  if (kind == Kind::Attrib || kind == Kind::Vertex || kind == Kind::SeqEnd) {
+    return addMember(object);
   }
+  finishMembers();
+  if (!block) return leaveOut(object);
+  if (kind == Kind::RawEntity) return carryEntity(object, *block);
+  if (!isEntity(kind) || kind == Kind::Block || kind == Kind::EndBlock) return leaveOut(object);
   std::unique_ptr<Entity> entity(static_cast<Entity*>(makeObject(kind).release()));
   fill(*entity, object);
   append(*block, std::move(entity));
+}
+
+// An entity of another kind keeps what stands behind the common groups. Those of old files have no
+// marker in between: there the common ones are known by their codes.
+void DxfContent::carryEntity(const DxfObject& object, BlockRecord& block) {
+  constexpr std::size_t kLongestName = 64;
+  if (object.name.empty() || object.name.size() > kLongestName) return leaveOut(object);
+  auto entity = std::make_unique<GroupEntity>();
+  entity->name = object.name;
+  const auto isMarker = [](const Group& group) { return group.code == 100; };
+  auto from = std::find_if(object.groups.begin(), object.groups.end(), isMarker);
+  if (from == object.groups.end()) {
+    for (const Group& group : object.groups) {
+      if (!isCommonCode(group.code)) keepGroup(entity->groups, group);
+    }
+  } else {
+    if (base::trim(from->value) == "AcDbEntity") {
+      from = std::find_if(from + 1, object.groups.end(), isMarker);
+    }
+    entity->groups = packedGroups({from, object.groups.end()});
+  }
+  fill(*entity, object);
+  append(block, std::move(entity));
 }
 
 void DxfContent::append(BlockRecord& block, std::unique_ptr<Entity> entity) {
@@ -243,40 +264,70 @@ void DxfContent::append(BlockRecord& block, std::unique_ptr<Entity> entity) {
   made.owner = block.handle;
   db_->joinChain(block.handle, made, block.last, nullptr);
   if (made.kind == Kind::Attdef) block.hasAttdefs = true;
-  insert_ = made.kind == Kind::Insert ? static_cast<Insert*>(&made) : nullptr;
+  holder_ = membersOf(made).list ? &made : nullptr;
 }
 
-// ATTRIB and SEQEND belong to the INSERT in front of them; a SEQEND may also end a POLYLINE.
+namespace {
+
+bool canHold(const Entity* holder, Kind member) {
+  if (!holder) return false;
+  return member == Kind::SeqEnd ||
+         member == (holder->kind == Kind::Insert ? Kind::Attrib : Kind::Vertex);
+}
+
+// What a vertex takes from its polyline unless it says otherwise.
+void prepareVertex(Vertex& vertex, const Polyline& polyline) {
+  vertex.form = static_cast<Vertex::Form>(polyline.form);
+  vertex.startWidth = polyline.startWidth;
+  vertex.endWidth = polyline.endWidth;
+}
+
+}  // namespace
+
+// ATTRIB, VERTEX and SEQEND belong to the INSERT or POLYLINE in front of them.
 void DxfContent::addMember(const DxfObject& object) {
-  const bool isEnd = object.name == "SEQEND";
-  if (isEnd && polyline_) return finishPolyline();
-  if (!insert_) return leaveOut(object);
-  std::unique_ptr<Entity> entity(
-      static_cast<Entity*>(makeObject(kindOfName(object.name)).release()));
-  fill(*entity, object);
-  Entity& made = adopt(std::move(entity));
-  made.owner = insert_->handle;
-  if (isEnd) {
-    if (!insert_->attributes.empty()) insert_->seqEnd = made.handle;
-    insert_ = nullptr;
-    return;
+  const Kind kind = kindOfName(object.name);
+  if (!canHold(holder_, kind)) return leaveOut(object);
+  std::unique_ptr<Entity> entity(static_cast<Entity*>(makeObject(kind).release()));
+  if (kind == Kind::Vertex) {
+    prepareVertex(static_cast<Vertex&>(*entity), static_cast<const Polyline&>(*holder_));
   }
-  auto& list = insert_->attributes;
-  db_->joinChain(insert_->handle, made, list.empty() ? nullptr : db_->find<Entity>(list.back()),
-                 nullptr);
-  list.push_back(made.handle);
+  fill(*entity, object);
+  const Members members = membersOf(*holder_);
+  const bool isEnd = kind == Kind::SeqEnd;
+  if (isEnd && members.list->empty()) return finishMembers();
+  Entity& made = adopt(std::move(entity));
+  made.owner = holder_->handle;
+  if (isEnd) {
+    *members.seqEnd = made.handle;
+    return finishMembers();
+  }
+  Entity* last = members.list->empty() ? nullptr : db_->find<Entity>(members.list->back());
+  db_->joinChain(holder_->handle, made, last, nullptr);
+  members.list->push_back(made.handle);
 }
 
-void DxfContent::addVertex(const DxfObject& object) {
-  if (!polyline_) return leaveOut(object);
-  polyline_->addVertex(GroupSection(object.groups));
+// Some programs leave out the SEQEND.
+void DxfContent::finishMembers() {
+  Entity* const holder = std::exchange(holder_, nullptr);
+  if (!holder) return;
+  const Members members = membersOf(*holder);
+  if (*members.seqEnd == 0 && !members.list->empty()) {
+    auto end = std::make_unique<SeqEnd>();
+    end->layer = holder->layer;
+    end->owner = holder->handle;
+    *members.seqEnd = adopt(std::move(end)).handle;
+  }
+  if (isOld_ && holder->kind == Kind::Polyline) lighten(static_cast<Polyline&>(*holder));
 }
 
-void DxfContent::finishPolyline() {
-  const auto parts = std::move(polyline_);
-  if (!parts || !parts->isFlat()) return;
-  append(*polylineBlock_, parts->finish());
-  insert_ = nullptr;
+// Before LWPOLYLINE there was no other form; other programs open such lines as the new one, too.
+void DxfContent::lighten(Polyline& polyline) {
+  auto light = lightPolyline(*db_, polyline);
+  auto* block = db_->find<BlockRecord>(polyline.owner);
+  if (!light || !block) return;
+  db_->erase(polyline.handle);
+  append(*block, std::move(light));
 }
 
 // --- objects
@@ -295,11 +346,16 @@ void DxfContent::addObject(const DxfObject& object) {
     return;
   }
   auto raw = std::make_unique<RawObject>();
-  if (!readRawBody(*db_, object.name, GroupSection(object.groups), *tables_, *raw)) {
-    return leaveOut(object);
+  if (readRawBody(*db_, object.name, GroupSection(object.groups), *tables_, *raw)) {
+    fill(*raw, object);
+    adopt(std::move(raw));
+    return;
   }
-  fill(*raw, object);
-  adopt(std::move(raw));
+  auto carried = std::make_unique<GroupObject>();
+  carried->name = object.name;
+  carried->groups = packedGroups(object.groups);
+  fill(*carried, object);
+  adopt(std::move(carried));
 }
 
 // --- what all objects have
@@ -327,7 +383,8 @@ void DxfContent::fill(Object& made, const DxfObject& object) {
   GroupReader reader(GroupSection(object.groups), *tables_, db_->codePage);
   visit(made, [&reader]<class T>(T& o) {
     constexpr bool kIsWalked = !std::is_same_v<T, RawEntity> && !std::is_same_v<T, RawObject> &&
-                               !std::is_same_v<T, Control> && !std::is_same_v<T, BlockRecord>;
+                               !std::is_same_v<T, Control> && !std::is_same_v<T, BlockRecord> &&
+                               !std::is_same_v<T, GroupEntity> && !std::is_same_v<T, GroupObject>;
     if constexpr (kIsWalked) walk<GroupReader>(reader, o);
   });
   fillExtended(made, object);
@@ -399,15 +456,12 @@ void DxfContent::completeLinks() {
 }
 
 void DxfContent::reportLeftOut() {
-  std::string list;
-  for (const auto& [name, count] : leftOut_) {
-    list += (list.empty() ? "" : ", ") + std::to_string(count) + " " + name;
-  }
+  const std::string list = countedNames(leftOut_);
   if (!list.empty()) report_.add(0, "left out, being of kinds that aren't known: " + list);
 }
 
 std::unique_ptr<Database> DxfContent::finish(const DxfHeader& header) {
-  finishPolyline();
+  finishMembers();
   dropDangling();
   completeLinks();
   for (int i = 0; i < kTableCount; ++i) tables_->control(static_cast<Table>(i));

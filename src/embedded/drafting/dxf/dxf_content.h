@@ -11,7 +11,6 @@
 #include "embedded/drafting/dxf/dxf_header.h"
 #include "embedded/drafting/dxf/group_reader.h"
 #include "embedded/drafting/dxf/object_source.h"
-#include "embedded/drafting/dxf/polyline_parts.h"
 
 namespace drafting {
 
@@ -34,9 +33,10 @@ class DxfContent {
   void beginBlock(const DxfObject& object);
   void endBlock(const DxfObject& object);
   void addEntity(const DxfObject& object, BlockRecord* block);
+  void carryEntity(const DxfObject& object, BlockRecord& block);
   void addMember(const DxfObject& object);
-  void addVertex(const DxfObject& object);
-  void finishPolyline();
+  void finishMembers();
+  void lighten(Polyline& polyline);
   void append(BlockRecord& block, std::unique_ptr<Entity> entity);
   void addObject(const DxfObject& object);
 
@@ -60,9 +60,7 @@ class DxfContent {
   std::set<Handle> filled_;             // records whose groups have come
   std::optional<Table> table_;          // the one being read
   BlockRecord* block_ = nullptr;        // the one being read
-  Insert* insert_ = nullptr;            // whose attributes are being read
-  std::unique_ptr<PolylineParts> polyline_;
-  BlockRecord* polylineBlock_ = nullptr;
+  Entity* holder_ = nullptr;            // INSERT or POLYLINE whose members are being read
   bool isOld_ = false;
   bool hasObjects_ = false;
 };

@@ -18,7 +18,8 @@ namespace {
 template <class T>
 constexpr bool kIsWalked =
     !std::is_same_v<T, RawEntity> && !std::is_same_v<T, RawObject> && !std::is_same_v<T, Control> &&
-    !std::is_same_v<T, BlockRecord> && !std::is_same_v<T, Block>;
+    !std::is_same_v<T, BlockRecord> && !std::is_same_v<T, Block> &&
+    !std::is_same_v<T, GroupEntity> && !std::is_same_v<T, GroupObject>;
 
 class DxfWriter {
  public:
@@ -63,7 +64,7 @@ class DxfWriter {
   void writeEntities();
   void writeContent(const BlockRecord& block);
   void writeEntity(const Entity& entity);
-  void writeAttributes(const Insert& insert);
+  void writeMembers(const Entity& holder);
   void writeEntityCommon(const Entity& entity, std::string_view type);
   void writeObjects();
   void writeObject(const Object& object);
@@ -266,16 +267,17 @@ void DxfWriter::writeEntity(const Entity& entity) {
   writeEntityCommon(entity, typeName(db_, entity));
   writeFields(entity);
   writeExtendedData(entity);
-  if (entity.kind == Kind::Insert) writeAttributes(static_cast<const Insert&>(entity));
+  writeMembers(entity);
 }
 
-void DxfWriter::writeAttributes(const Insert& insert) {
-  if (insert.attributes.empty()) return;
-  for (const Handle handle : insert.attributes) {
-    const Entity* attribute = db_.find<Entity>(handle);
-    if (attribute && attribute->kind == Kind::Attrib) writeEntity(*attribute);
+void DxfWriter::writeMembers(const Entity& holder) {
+  for (const Handle handle : memberHandles(holder)) {
+    const Entity* member = db_.find<Entity>(handle);
+    if (!member) continue;
+    const Kind kind = member->kind;
+    const bool fits = kind == Kind::Attrib || kind == Kind::Vertex || kind == Kind::SeqEnd;
+    if (fits) writeEntity(*member);
   }
-  if (const SeqEnd* end = db_.find<SeqEnd>(insert.seqEnd)) writeEntity(*end);
 }
 
 void DxfWriter::writeEntityCommon(const Entity& e, std::string_view type) {
@@ -303,7 +305,8 @@ void DxfWriter::writeObjects() {
   const Handle root = db_.header.handle("NAMED_DICTIONARY");
   if (const auto* named = db_.find<Dictionary>(root)) writeObject(*named);
   db_.forEach([&](const Object& object) {
-    const bool isObject = object.kind == Kind::Dictionary || object.kind == Kind::RawObject;
+    const bool isObject = object.kind == Kind::Dictionary || object.kind == Kind::RawObject ||
+                          object.kind == Kind::GroupObject;
     if (!isObject || object.handle == root || !dxfHolds(db_, object.handle)) return;
     const Object* owner = db_.find(object.owner);
     const bool isRecord = object.kind == Kind::RawObject && owner && owner->kind == Kind::Control;
@@ -344,7 +347,9 @@ void DxfWriter::writeLinks(const Object& object) {
 
 void DxfWriter::writeFields(const Object& object) {
   visit(object, [this]<class T>(const T& o) {
+    constexpr bool kIsPacked = std::is_same_v<T, GroupEntity> || std::is_same_v<T, GroupObject>;
     if constexpr (kIsWalked<T>) walk<GroupWriter>(writer_, o);
+    if constexpr (kIsPacked) writePackedGroups(o.groups, sink_);
   });
 }
 
@@ -389,18 +394,14 @@ void DxfWriter::writePreview() {
 }  // namespace
 
 std::string dxfLosses(const Database& database) {
-  std::map<std::string_view, int> counts;
+  std::map<std::string, int> counts;
   database.forEach([&](const Object& object) {
     const bool isRaw = object.kind == Kind::RawEntity || object.kind == Kind::RawObject;
     if (!isRaw || dxfHolds(database, object.handle)) return;
     const std::string_view name = typeName(database, object);
-    if (name != "VX" && name != "VERTEX") ++counts[name.empty() ? "unknown" : name];
+    if (name != "VX" && name != "VERTEX") ++counts[name.empty() ? "unknown" : std::string(name)];
   });
-  std::string list;
-  for (const auto& [name, count] : counts) {
-    list += (list.empty() ? "" : ", ") + std::to_string(count) + " " + std::string(name);
-  }
-  return list;
+  return countedNames(counts);
 }
 
 base::Status writeDxf(const Database& database, GroupSink::Output output) {

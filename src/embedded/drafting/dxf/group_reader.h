@@ -47,6 +47,12 @@ class GroupReader {
   void lineEnds(Line& line);
   void solidCorners(Solid& solid);
   void lwPolyline(LwPolyline& line);
+  void planeElevation(int group, double& value) { value = groups_.point(group, {}).z; }
+  void hatchPaths(Hatch& hatch);
+  void hatchLines(Hatch& hatch);
+  void hatchSeeds(Hatch& hatch);
+  void polyline(Polyline& polyline);
+  void vertex(Vertex& vertex);
   void textFields(TextBase& text);
   void verticalAlignment(int group, TextBase& text);
   void insertScale(Insert& insert);

@@ -54,6 +54,12 @@ class GroupWriter {
   void lineEnds(const Line& line);
   void solidCorners(const Solid& solid);
   void lwPolyline(const LwPolyline& line);
+  void planeElevation(int group, double value) { sink_.point(group, {0, 0, value}); }
+  void hatchPaths(const Hatch& hatch);
+  void hatchLines(const Hatch& hatch);
+  void hatchSeeds(const Hatch& hatch);
+  void polyline(const Polyline& polyline);
+  void vertex(const Vertex& vertex);
   void textFields(const TextBase& text);
   void verticalAlignment(int group, const TextBase& text) {
     if (text.vertical != 0) sink_.integer(group, text.vertical);
@@ -70,6 +76,10 @@ class GroupWriter {
   void dictionaryItems(const Dictionary& dictionary);
 
  private:
+  void size(int group, std::size_t count);
+  void hatchPolyline(const Hatch::Path& path);
+  void hatchEdge(const Hatch::Edge& edge);
+  void hatchSpline(const Hatch::Edge& edge);
   struct Name {
     Handle record = 0;
     std::string_view name;

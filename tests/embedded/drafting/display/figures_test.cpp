@@ -166,6 +166,26 @@ TEST_F(Figures, CoordinatesThatAreNoNumbersAreLeftOut) {
   expectBox(shown().bounds(), {0, 0}, {1, 1});
 }
 
+TEST_F(Figures, AnglesThatAreNoNumbersDoNoHarm) {
+  const double nan = std::numeric_limits<double>::quiet_NaN();
+  const double infinite = std::numeric_limits<double>::infinity();
+  for (const double angle : {nan, infinite, -infinite, 1e300}) {
+    Arc arc;
+    arc.radius = 2;
+    arc.startAngle = angle;
+    add(arc);
+    arc.endAngle = angle;
+    add(arc);
+    Ellipse ellipse;
+    ellipse.majorAxis = {1, 0, 0};
+    ellipse.endAngle = angle;
+    add(ellipse);
+  }
+  for (const auto& chunk : shown().chunks()) {
+    EXPECT_TRUE(chunk.box.empty() || std::isfinite(chunk.box.width()));
+  }
+}
+
 TEST_F(Figures, EntitiesThatAreNotUnderstoodAreCounted) {
   RawEntity raw;
   raw.type = 0x1D;  // a polygon mesh

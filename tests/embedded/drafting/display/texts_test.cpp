@@ -311,5 +311,108 @@ TEST(Paragraphs, AttachmentInTheMiddleCentres) {
   expectNear(layOutParagraph(text)[0].place({0, 0}), {-4, -10.5});
 }
 
+// A paragraph of height 10 without wrapping.
+MText paragraphOf(const std::string& content) {
+  MText text;
+  text.height = 10;
+  text.text = content;
+  return text;
+}
+
+TEST(Paragraphs, HeightsAreFactorsOrLengths) {
+  const auto lines = layOutParagraph(paragraphOf("I{\\H2x;I}\\H5;I"));
+  ASSERT_EQ(lines.size(), 3u);
+  EXPECT_NEAR(lines[0].place.scale(), 10, 1e-9);
+  EXPECT_NEAR(lines[1].place.scale(), 20, 1e-9);
+  EXPECT_NEAR(lines[2].place.scale(), 5, 1e-9);
+  const double advance = lines[0].line.advance;
+  expectNear(lines[1].place({0, 0}), {advance * 10, -20});  // on the baseline of the highest
+  expectNear(lines[2].place({0, 0}), {advance * 30, -20});
+}
+
+TEST(Paragraphs, LinesStandAsFarApartAsTheyAreHigh) {
+  const auto lines = layOutParagraph(paragraphOf("I\\P{\\H3x;I}"));
+  expectNear(lines[1].place({0, 0}), {0, -10 - 50});
+  MText exact = paragraphOf("I\\P{\\H3x;I}");
+  exact.spacingKind = 2;
+  expectNear(layOutParagraph(exact)[1].place({0, 0}), {0, -10 - 50.0 / 3});
+}
+
+TEST(Paragraphs, WidthAndObliqueChangeWithinTheLine) {
+  const auto lines = layOutParagraph(paragraphOf("I\\W0.5;I\\Q45;I"));
+  ASSERT_EQ(lines.size(), 3u);
+  EXPECT_NEAR(lines[1].place.a, 5, 1e-9);
+  EXPECT_NEAR(lines[2].place.c, 10, 1e-9);
+}
+
+TEST(Paragraphs, ColoursEndWithTheirBraces) {
+  const auto lines = layOutParagraph(paragraphOf("a{\\C1;b\\C300;c}d"));
+  ASSERT_EQ(lines.size(), 3u);
+  EXPECT_EQ(lines[0].colour, -1);
+  EXPECT_EQ(lines[1].colour, 1);
+  EXPECT_EQ(lines[2].colour, -1);
+  EXPECT_EQ(lines[2].line.plain, "cd");
+}
+
+TEST_F(Texts, ParagraphsColourIsThatOfItsStrokes) {
+  add(paragraphOf("I\\C1;I"));
+  const auto found = colours();
+  EXPECT_EQ(found.front(), 7);
+  EXPECT_EQ(found.back(), 1);
+}
+
+TEST(Paragraphs, UnderAndStrikeLinesAreStrokes) {
+  const auto plain = layOutParagraph(paragraphOf("I"));
+  const auto lines = layOutParagraph(paragraphOf("\\LI\\l\\KI\\k\\OI"));
+  ASSERT_EQ(lines.size(), 3u);
+  for (const PlacedLine& line : lines) {
+    EXPECT_EQ(line.line.strokes.size(), plain[0].line.strokes.size() + 1);
+  }
+  EXPECT_EQ(lines[1].line.strokes.back()[0], (Point2{0, 0.5}));
+}
+
+TEST(Paragraphs, FractionsStandAboveAndBelow) {
+  const auto lines = layOutParagraph(paragraphOf("\\S1/22;I"));
+  ASSERT_EQ(lines.size(), 3u);
+  EXPECT_GT(lines[0].place({0, 0}).y, lines[1].place({0, 1}).y);
+  EXPECT_EQ(lines[0].line.plain + lines[1].line.plain, "1/22");
+  const auto bar = lines[0].line.strokes.back();
+  EXPECT_EQ(bar[0].y, bar[1].y);
+  const auto without = layOutParagraph(paragraphOf("\\S1^22;"));
+  EXPECT_EQ(without[0].line.strokes.size() + 1, lines[0].line.strokes.size());
+}
+
+TEST(Paragraphs, AlignmentOfALineOverridesTheAttachment) {
+  MText text = paragraphOf("\\pxqc;I\\P\\pql;I\\P\\pqr;I");
+  text.width = 100;
+  const auto lines = layOutParagraph(text);
+  const double advance = lines[0].line.advance * 10;
+  EXPECT_NEAR(lines[0].place({0, 0}).x, (100 - advance) / 2, 1e-9);
+  EXPECT_NEAR(lines[1].place({0, 0}).x, 0, 1e-9);
+  EXPECT_NEAR(lines[2].place({0, 0}).x, 100 - advance, 1e-9);
+}
+
+TEST(Paragraphs, WithoutAWidthLinesAreAlignedToTheLongest) {
+  const auto lines = layOutParagraph(paragraphOf("III\\P\\pqr;I"));
+  EXPECT_NEAR(lines[1].place({0, 0}).x, (lines[0].line.advance - lines[1].line.advance) * 10, 1e-9);
+}
+
+TEST(Paragraphs, AReversedNormalMirrors) {
+  MText text = paragraphOf("I");
+  text.normal = {0, 0, -1};
+  expectNear(layOutParagraph(text)[0].place({0, 0}), {0, 10});
+}
+
+TEST(Paragraphs, HostileCodesComeToAnEnd) {
+  std::string braces(5000, '{');
+  EXPECT_EQ(plainOfMText(braces + "a" + std::string(9000, '}')), "a");
+  for (const char* odd : {"\\H", "\\Hx;", "\\H1e400x;I", "\\H-5;I", "\\W0;I", "\\Qnan;I", "\\S",
+                          "\\S/;", "\\p", "\\pq", "\\C", "^", "\\"}) {
+    for (const PlacedLine& line : layOutParagraph(paragraphOf(odd))) {
+      EXPECT_TRUE(std::isfinite(line.place.scale())) << odd;
+    }
+  }
+}
+
 }  // namespace
 }  // namespace drafting

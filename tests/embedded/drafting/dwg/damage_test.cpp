@@ -98,6 +98,24 @@ TEST(DamagedDrawing, AnObjectWithAWrongChecksumIsKeptWithAMessage) {
   EXPECT_LT(changed, bytes.size());
 }
 
+// What a damaged list of classes lacks isn't taken for something else by the next program.
+TEST(DamagedDrawing, ObjectsOfUnlistedClassesKeepTheirTypes) {
+  const auto db = makeSampleDrawing();
+  auto raw = std::make_unique<RawObject>();
+  raw->type = 507;
+  raw->owner = db->header.handle("NAMED_DICTIONARY");
+  const Handle handle = db->addObject(std::move(raw));
+  const auto bytes = writeDwg(*db);
+  ASSERT_TRUE(bytes.ok());
+  ReadReport report;
+  const auto again = readDwg(*bytes, report);
+  ASSERT_TRUE(again.ok());
+  EXPECT_EQ(report.summary(), "");
+  EXPECT_EQ((*again)->objectCount(), db->objectCount());
+  ASSERT_NE((*again)->find<RawObject>(handle), nullptr);
+  EXPECT_EQ((*again)->find<RawObject>(handle)->type, 507);
+}
+
 TEST(DamagedDrawing, WithoutItsHeaderVariablesEverythingElseIsThere) {
   const auto db = makeSampleDrawing();
   std::string bytes = *writeDwg(*db);

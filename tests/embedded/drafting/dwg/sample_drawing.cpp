@@ -50,6 +50,18 @@ struct Filler {
     o.elevation = value(), o.thickness = value();
     o.normal = {0, 1, 0}, o.closed = o.continuousPattern = true;
   }
+  void planeElevation(int, double& v) { v = value(); }
+  void hatchPaths(Hatch& o);
+  void hatchLines(Hatch& o);
+  void hatchSeeds(Hatch& o) { o.pixelSize = value(), o.seeds = {flatValue(), flatValue()}; }
+  void polyline(Polyline& o) {
+    o.flags = 1 | 128, o.curve = 0, o.startWidth = value(), o.endWidth = value();
+    o.thickness = value(), o.elevation = value(), o.normal = {0, 1, 0};
+  }
+  void vertex(Vertex& o) {
+    o.flags = 2, o.position = {value(), value(), 0};
+    o.startWidth = value(), o.endWidth = value(), o.bulge = value(), o.tangent = angleValue();
+  }
   void textFields(TextBase& o) {
     o.position = flatValue(), o.alignment = flatValue(), o.elevation = value();
     o.thickness = value(), o.normal = {0, 1, 0}, o.oblique = angleValue(),
@@ -63,6 +75,36 @@ struct Filler {
     o.isArray = true, o.columns = 3, o.rows = 2, o.columnSpacing = value(), o.rowSpacing = value();
   }
 };
+
+// A path of each form: a polyline with bulges, lines and curves, splines with and without weights.
+void Filler::hatchPaths(Hatch& o) {
+  using Edge = Hatch::Edge;
+  Hatch::Path outline, rest;
+  outline.flags = 1 | 2 | 4;
+  outline.points = {flatValue(), flatValue(), flatValue()};
+  outline.bulges = {value(), 0, value()};
+  rest.flags = 16;
+  Edge line, arc, ellipse, spline;
+  line.first = flatValue(), line.second = flatValue();
+  arc.form = Edge::Form::Arc, arc.first = flatValue(), arc.size = value();
+  arc.startAngle = angleValue(), arc.endAngle = angleValue(), arc.counterClockwise = false;
+  ellipse = arc, ellipse.form = Edge::Form::Ellipse, ellipse.second = flatValue();
+  ellipse.size = 0.5, ellipse.counterClockwise = true;
+  spline.form = Edge::Form::Spline, spline.degree = 2, spline.knots = {0, 0, 0, 1, 1, 1};
+  spline.controls = {flatValue(), flatValue(), flatValue()};
+  Edge rational = spline;
+  rational.rational = rational.periodic = true;
+  rational.weights = {1, 0.5, 2};
+  rest.edges = {line, arc, ellipse, spline, rational};
+  o.paths = {outline, rest};
+  o.solid = false;
+}
+
+void Filler::hatchLines(Hatch& o) {
+  o.angle = angleValue(), o.scale = value(), o.isDouble = true;
+  o.lines = {{angleValue(), flatValue(), flatValue(), {}},
+             {angleValue(), flatValue(), flatValue(), {value(), -value(), 0}}};
+}
 
 template <class T>
 std::unique_ptr<T> filled(const Database& db) {
@@ -142,6 +184,54 @@ Handle addBlock(Database& db, const char* name, bool anonymous) {
   return db.addBlock(std::move(block));
 }
 
+template <class... V>
+void addPolyline(Database& db, std::unique_ptr<Polyline> polyline, const V&... vertices) {
+  const Handle handle = db.append(db.modelSpace(), std::move(polyline));
+  const auto add = [&](Vertex::Form form, const Vertex& like) {
+    auto vertex = plain<Vertex>(db);
+    vertex->form = form;
+    vertex->flags = like.flags;
+    vertex->position = like.position;
+    vertex->corners = like.corners;
+    db.appendMember(*db.find<Polyline>(handle), std::move(vertex));
+  };
+  (add(vertices.form, vertices), ...);
+}
+
+Vertex vertexOf(Vertex::Form form, std::uint8_t flags, Point3 at,
+                std::array<std::int16_t, 4> corners = {}) {
+  Vertex vertex;
+  vertex.form = form;
+  vertex.flags = flags;
+  vertex.position = at;
+  vertex.corners = corners;
+  return vertex;
+}
+
+// A polyline of each form.
+void addPolylines(Database& db) {
+  using Form = Polyline::Form;
+  using Part = Vertex::Form;
+  const Handle flat = db.append(db.modelSpace(), filled<Polyline>(db));
+  for (int i = 0; i < 3; ++i) {
+    db.appendMember(*db.find<Polyline>(flat), i < 2 ? filled<Vertex>(db) : plain<Vertex>(db));
+  }
+  auto space = plain<Polyline>(db);
+  space->form = Form::Space, space->flags = 1, space->curve = 2;
+  addPolyline(db, std::move(space), vertexOf(Part::Space, 32, {1, 2, 3}),
+              vertexOf(Part::Space, 32, {4, 5, 6}));
+  auto mesh = plain<Polyline>(db);
+  mesh->form = Form::Mesh, mesh->flags = 16 | 32, mesh->counts = {2, 2, 0, 0};
+  addPolyline(db, std::move(mesh), vertexOf(Part::Mesh, 64, {0, 0, 0}),
+              vertexOf(Part::Mesh, 64, {1, 0, 0}), vertexOf(Part::Mesh, 64, {0, 1, 0}),
+              vertexOf(Part::Mesh, 64, {1, 1, 1}));
+  auto polyface = plain<Polyline>(db);
+  polyface->form = Form::Polyface, polyface->counts = {3, 1, 0, 0};
+  addPolyline(db, std::move(polyface), vertexOf(Part::Polyface, 192, {0, 0, 0}),
+              vertexOf(Part::Polyface, 192, {1, 0, 0}), vertexOf(Part::Polyface, 192, {0, 1, 0}),
+              vertexOf(Part::Face, 128, {}, {1, -2, 3, 0}));
+}
+
 void addInserts(Database& db, Handle block) {
   auto insert = plain<Insert>(db);
   insert->block = block;
@@ -189,6 +279,8 @@ std::unique_ptr<Database> makeSampleDrawing() {
   addRecords(db);
   BlockRecord& space = db.modelSpace();
   appendEach<Line, Point, Circle, Arc, Ellipse, Solid, LwPolyline, Text, MText, Attdef>(db, space);
+  appendEach<Hatch>(db, space);
+  addPolylines(db);
   const Handle block = addBlock(db, "断路器", false);
   appendEach<Line, Text, Attdef>(db, *db.find<BlockRecord>(block));
   addInserts(db, block);

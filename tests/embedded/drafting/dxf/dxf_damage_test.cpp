@@ -12,6 +12,20 @@
 namespace drafting {
 namespace {
 
+// Objects that a DWG holds too: those that don't belong to one which came as groups.
+std::size_t heldByDwg(const Database& db) {
+  std::size_t count = 0;
+  db.forEach([&](const Object& object) {
+    const Object* one = &object;
+    const auto isCarried = [&] {
+      return one && (one->kind == Kind::GroupEntity || one->kind == Kind::GroupObject);
+    };
+    for (int depth = 0; depth < 8 && one && !isCarried(); ++depth) one = db.find(one->owner);
+    if (!isCarried()) ++count;
+  });
+  return count;
+}
+
 void expectSafe(const std::string& text) {
   std::istringstream in(text);
   ReadReport report;
@@ -25,7 +39,7 @@ void expectSafe(const std::string& text) {
   ReadReport dwgReport;
   const auto again = readDwg(*bytes, dwgReport);
   ASSERT_TRUE(again.ok()) << again.message();
-  EXPECT_EQ((*again)->objectCount(), (*read)->objectCount()) << dwgReport.summary();
+  EXPECT_EQ((*again)->objectCount(), heldByDwg(**read)) << dwgReport.summary();
   EXPECT_NE(dxfOf(**read), "");
 }
 

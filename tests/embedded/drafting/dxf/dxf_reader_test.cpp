@@ -63,13 +63,46 @@ TEST(DxfReader, PolylineWithVerticesBecomesOneLwPolyline) {
   EXPECT_EQ(db->modelSpace().count, 2u);
 }
 
-TEST(DxfReader, PolylineInSpaceIsLeftOutWithANote) {
+TEST(DxfReader, PolylineInSpaceKeepsItsVertices) {
   std::string notes;
-  const auto db =
-      drawingOf(entitiesFile("0|POLYLINE|8|0|70|8|0|VERTEX|8|0|10|1|0|SEQEND|0|LINE|8|0"), &notes);
+  const auto db = drawingOf(entitiesFile("0|POLYLINE|8|0|66|1|70|9|0|VERTEX|8|0|10|1|30|4|70|32|0|"
+                                         "VERTEX|8|0|10|2|70|32|0|SEQEND|0|LINE|8|0"),
+                            &notes);
   ASSERT_NE(db, nullptr);
-  EXPECT_EQ(db->modelSpace().count, 1u);
-  EXPECT_EQ(notes, "left out, being of kinds that aren't known: 1 POLYLINE\n");
+  EXPECT_EQ(db->modelSpace().count, 2u);
+  EXPECT_EQ(notes, "");
+  const Polyline& line = firstOf<Polyline>(*db);
+  EXPECT_EQ(line.form, Polyline::Form::Space);
+  EXPECT_EQ(line.flags, 1);
+  ASSERT_EQ(line.vertices.size(), 2u);
+  const auto* vertex = db->find<Vertex>(line.vertices[0]);
+  EXPECT_EQ(vertex->position, (Point3{1, 0, 4}));
+  EXPECT_EQ(vertex->form, Vertex::Form::Space);
+  EXPECT_NE(db->find<SeqEnd>(line.seqEnd), nullptr);
+}
+
+TEST(DxfReader, FittedPolylineOfAnOldFileStaysOne) {
+  const auto db = drawingOf(entitiesFile(
+      "0|POLYLINE|8|0|66|1|70|4|40|2|75|6|0|VERTEX|8|0|10|1|70|16|0|VERTEX|8|0|10|2|70|8|41|3"));
+  ASSERT_NE(db, nullptr);
+  const Polyline& line = firstOf<Polyline>(*db);
+  EXPECT_EQ(line.flags, 4);
+  EXPECT_EQ(line.curve, 6);
+  ASSERT_EQ(line.vertices.size(), 2u);
+  const auto* vertex = db->find<Vertex>(line.vertices[1]);
+  EXPECT_EQ(vertex->startWidth, 2) << "the polyline's, since it has none of its own";
+  EXPECT_EQ(vertex->endWidth, 3);
+  EXPECT_NE(db->find<SeqEnd>(line.seqEnd), nullptr) << "made, since the file has none";
+}
+
+TEST(DxfReader, VerticesAndEndsWithoutAPolylineAreLeftOutWithANote) {
+  std::string notes;
+  const auto db = drawingOf(entitiesFile("0|VERTEX|8|0|10|1|0|LINE|8|0|0|VERTEX|8|0|0|SEQEND|8|0|0|"
+                                         "INSERT|8|0|2|B|0|VERTEX|8|0|0|POLYLINE|8|0|0|ATTRIB|8|0"),
+                            &notes);
+  ASSERT_NE(db, nullptr);
+  EXPECT_EQ(db->modelSpace().count, 3u);
+  EXPECT_EQ(notes, "left out, being of kinds that aren't known: 1 ATTRIB, 1 SEQEND, 3 VERTEX\n");
 }
 
 TEST(DxfReader, InsertMayComeBeforeItsBlock) {
