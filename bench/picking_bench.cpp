@@ -2,6 +2,8 @@
 // error when a question costs more than its bound.
 #include <benchmark/benchmark.h>
 
+#include <chrono>
+
 #include "embedded/drafting/picking/picker.h"
 #include "embedded/drafting/picking/snaps.h"
 #include "large_drawing.h"
@@ -30,14 +32,14 @@ template <class F>
 void measure(benchmark::State& state, F question) {
   Scene& one = scene();
   int n = 0;
-  double worst = 0;
+  double total = 0;
   for (auto step : state) {
     const auto begin = std::chrono::steady_clock::now();
     benchmark::DoNotOptimize(question(one, place(n++)));
     const std::chrono::duration<double> took = std::chrono::steady_clock::now() - begin;
-    worst += took.count();
+    total += took.count();
   }
-  const double mean = worst / static_cast<double>(state.iterations());
+  const double mean = total / static_cast<double>(state.iterations());
   if (mean > kBound) state.SkipWithError("slower than 5 ms");
 }
 

@@ -95,7 +95,9 @@ TEST_P(RealDxf, GoesThroughDwgWithAllThatCanGoThere) {
   Counts expected = entitiesOf(db);
   for (const auto& [name, count] : lost) expected.erase(name);
   EXPECT_EQ(entitiesOf(*again), expected);
-  if (lost.empty()) EXPECT_TRUE(expectSameDrawing(db, *again));
+  if (lost.empty()) {
+    EXPECT_TRUE(expectSameDrawing(db, *again));
+  }
 }
 
 INSTANTIATE_TEST_SUITE_P(Files, RealDxf, ::testing::ValuesIn(files(".dxf")), testName);
