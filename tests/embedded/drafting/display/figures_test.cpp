@@ -181,7 +181,9 @@ TEST_F(Figures, AnglesThatAreNoNumbersDoNoHarm) {
     ellipse.endAngle = angle;
     add(ellipse);
   }
-  for (const auto& chunk : shown().chunks()) {
+  const DisplayList list = shown();
+  ASSERT_EQ(list.chunks().size(), db->modelSpace().count);
+  for (const auto& chunk : list.chunks()) {
     EXPECT_TRUE(chunk.box.empty() || std::isfinite(chunk.box.width()));
   }
 }
