@@ -1,13 +1,16 @@
 #include "embedded/drafting/documents/lost_drawings.h"
 
 #include <algorithm>
+#include <sstream>
 
+#include "embedded/base/file_stamp.h"
 #include "embedded/base/files.h"
 #include "embedded/base/numbers.h"
 #include "embedded/base/paths.h"
 #include "embedded/drafting/documents/record_file.h"
 #include "embedded/drafting/documents/recovery.h"
 #include "embedded/drafting/dwg/dwg_reader.h"
+#include "embedded/drafting/dxf/dxf_reader.h"
 
 namespace drafting {
 
@@ -34,15 +37,19 @@ class Reading {
 
   // The drawing of generation `number` with its record; false, with a note, if it can't be read.
   bool open(int number) {
-    const fs::path file = generationDrawing(lost_.folder, number);
+    const fs::path dxf = generationDrawing(lost_.folder, number, DrawingForm::Dxf);
+    const bool isDxf = base::stampOf(dxf).present;
+    const fs::path file = isDxf ? dxf : generationDrawing(lost_.folder, number, DrawingForm::Dwg);
     const auto bytes = base::readFile(file);
     if (!bytes.ok()) return note(bytes.message());
     ReadReport report;
-    auto database = readDwg(*bytes, report, base::utf8FromPath(file));
+    const std::string name = base::utf8FromPath(file);
+    std::istringstream stream(*bytes);
+    auto database = isDxf ? readDxf(stream, report, name) : readDwg(*bytes, report, name);
     if (!database.ok()) return note(database.message());
     lost_.document = std::make_unique<Document>();
     lost_.document->database = std::move(*database);
-    --lost_.document->database->saves;  // the autosave is none of the user's own
+    if (!isDxf) --lost_.document->database->saves;  // the autosave is none of the user's own
     lost_.events = 0;
     checksum_ = checksumOf(*bytes);
     started_ = false;

@@ -8,6 +8,7 @@
 #include "embedded/base/paths.h"
 #include "embedded/drafting/documents/session.h"
 #include "embedded/drafting/dwg/dwg_writer.h"
+#include "embedded/drafting/dxf/dxf_writer.h"
 
 namespace drafting {
 
@@ -32,6 +33,16 @@ std::string recordName() {
   return text + std::to_string(base::processNumber());
 }
 
+base::Result<std::string> dxfOf(const Database& database) {
+  std::string bytes;
+  base::Status status = writeDxf(database, [&bytes](std::string_view piece) {
+    bytes.append(piece);
+    return base::Status();
+  });
+  if (!status) return status;
+  return bytes;
+}
+
 }  // namespace
 
 fs::path userRecoveryFolder() {
@@ -44,8 +55,8 @@ fs::path userRecoveryFolder() {
 #endif
 }
 
-fs::path generationDrawing(const fs::path& folder, int number) {
-  return folder / (std::to_string(number) + ".dwg");
+fs::path generationDrawing(const fs::path& folder, int number, DrawingForm form) {
+  return folder / (std::to_string(number) + (form == DrawingForm::Dwg ? ".dwg" : ".dxf"));
 }
 
 fs::path generationRecord(const fs::path& folder, int number) {
@@ -106,11 +117,14 @@ base::Status Recovery::beginRecord() {
 
 // The drawing comes first: a generation counts once its record is there and names the drawing.
 base::Status Recovery::beginGeneration(bool changed) {
-  const base::Result<std::string> drawing = writeDwg(*document_->database);
+  const Database& database = *document_->database;
+  const DrawingForm form = dwgLosses(database).empty() ? DrawingForm::Dwg : DrawingForm::Dxf;
+  const base::Result<std::string> drawing =
+      form == DrawingForm::Dwg ? writeDwg(database) : dxfOf(database);
   if (!drawing.ok()) return drawing.status();
   const int next = generation_ + 1;
   base::Status status =
-      base::saveAtomically(generationDrawing(folder_, next), *drawing, {.keepBackup = false});
+      base::saveAtomically(generationDrawing(folder_, next, form), *drawing, {.keepBackup = false});
   if (!status) return status;
   status = file_.create(generationRecord(folder_, next));
   if (!status) return status;
@@ -141,8 +155,10 @@ bool Recovery::generationIsDue() const {
 void Recovery::removeOldGenerations() const {
   std::error_code error;
   for (int old = generation_ - kGenerations; old > 0; --old) {
-    fs::remove(generationRecord(folder_, old), error);
-    if (!fs::remove(generationDrawing(folder_, old), error)) return;
+    if (!fs::remove(generationRecord(folder_, old), error)) return;
+    for (const DrawingForm form : {DrawingForm::Dwg, DrawingForm::Dxf}) {
+      fs::remove(generationDrawing(folder_, old, form), error);
+    }
   }
 }
 

@@ -4,7 +4,8 @@
 //
 // A record is a folder of its own below the root:
 //   lock                 held as long as the session lives
-//   N.dwg, N.record      a generation: the drawing as autosaved, and each command since then
+//   N.dwg, N.record      a generation: the drawing as autosaved, and each command since then;
+//                        N.dxf of a drawing that holds what only that form of file can
 // The newest three generations are kept. A new one is begun every SAVETIME minutes of work and
 // whenever a record has grown larger than the drawing.
 #pragma once
@@ -65,7 +66,9 @@ class Recovery {
 std::filesystem::path userRecoveryFolder();
 
 // The files of generation `number` in the folder of a record.
-std::filesystem::path generationDrawing(const std::filesystem::path& folder, int number);
+enum class DrawingForm { Dwg, Dxf };
+std::filesystem::path generationDrawing(const std::filesystem::path& folder, int number,
+                                        DrawingForm form);
 std::filesystem::path generationRecord(const std::filesystem::path& folder, int number);
 // Removes the folder of a record in such an order that a kill in between leaves nothing to recover.
 void removeRecord(const std::filesystem::path& folder);

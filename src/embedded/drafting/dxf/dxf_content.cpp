@@ -236,24 +236,25 @@ void DxfContent::addEntity(const DxfObject& object, BlockRecord* block) {
   append(*block, std::move(entity));
 }
 
-// An entity of another kind keeps what stands behind the common groups. Those of old files have no
-// marker in between: there the common ones are known by their codes.
+// An entity of another kind keeps what stands behind the common groups. Where no marker stands in
+// between, as in old files, the common ones are known by their codes.
 void DxfContent::carryEntity(const DxfObject& object, BlockRecord& block) {
   constexpr std::size_t kLongestName = 64;
   if (object.name.empty() || object.name.size() > kLongestName) return leaveOut(object);
   auto entity = std::make_unique<GroupEntity>();
   entity->name = object.name;
   const auto isMarker = [](const Group& group) { return group.code == 100; };
-  auto from = std::find_if(object.groups.begin(), object.groups.end(), isMarker);
-  if (from == object.groups.end()) {
-    for (const Group& group : object.groups) {
-      if (!isCommonCode(group.code)) keepGroup(entity->groups, group);
-    }
+  const auto end = object.groups.end();
+  auto from = std::find_if(object.groups.begin(), end, isMarker);
+  if (from != end && base::trim(from->value) == "AcDbEntity") {
+    from = std::find_if(from + 1, end, isMarker);
+  }
+  if (from != end) {
+    entity->groups = packedGroups({from, end});
   } else {
-    if (base::trim(from->value) == "AcDbEntity") {
-      from = std::find_if(from + 1, object.groups.end(), isMarker);
+    for (const Group& group : object.groups) {
+      if (!isMarker(group) && !isCommonCode(group.code)) keepGroup(entity->groups, group);
     }
-    entity->groups = packedGroups({from, object.groups.end()});
   }
   fill(*entity, object);
   append(block, std::move(entity));

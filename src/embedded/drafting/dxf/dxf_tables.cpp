@@ -80,7 +80,10 @@ Control& DxfTables::control(Table table, Handle stated) {
   auto control = std::make_unique<Control>();
   slot = control.get();
   slot->table = table;
-  slot->handle = freeHandle(stated);
+  // Files of this form lack one head. With the handle that it has in drawings of most programs, a
+  // drawing has the same handles however often it goes through such a file.
+  constexpr Handle kUsual = 0xB;
+  slot->handle = freeHandle(table == Table::ViewportHeaders ? kUsual : stated);
   db_.adopt(std::move(control));
   return *slot;
 }

@@ -7,6 +7,7 @@
 #include "embedded/base/paths.h"
 #include "embedded/drafting/documents/lost_drawings.h"
 #include "embedded/drafting/dwg/dwg_writer.h"
+#include "embedded/drafting/dxf/dxf_writer.h"
 #include "support/session_fixture.h"
 
 namespace drafting {
@@ -206,7 +207,7 @@ TEST_F(RecoveryTest, ADamagedAutosaveFallsBackOnTheOneBefore) {
   ASSERT_TRUE(session.recoverDrawing(folder).ok());  // begins generation 2
   type("CIRCLE 0,0 2\n");
   session.recovery.leave();
-  write(generationDrawing(folder, 2), "no drawing");
+  write(generationDrawing(folder, 2, DrawingForm::Dwg), "no drawing");
   const auto lost = readLostDrawing(folder);
   ASSERT_TRUE(lost.ok()) << lost.message();
   EXPECT_EQ(lost->document->database->modelSpace().count, 2u);
@@ -226,6 +227,33 @@ TEST_F(RecoveryTest, ThreeGenerationsAreKept) {
   const auto lost = readLostDrawing(folder);
   ASSERT_TRUE(lost.ok());
   EXPECT_EQ(lost->document->database->modelSpace().count, 6u);
+}
+
+std::string dxfOf(const Database& database) {
+  std::string bytes;
+  EXPECT_TRUE(writeDxf(database, [&](std::string_view piece) {
+                bytes.append(piece);
+                return base::Status();
+              }).ok());
+  return bytes;
+}
+
+TEST_F(RecoveryTest, WhatOnlyADxfFileHoldsComesBack) {
+  type("CIRCLE 0,0 1\n");
+  std::string text = dxfOf(session.database());
+  const std::size_t at = text.find("ENDSEC", text.find("\nENTITIES"));
+  text.insert(text.rfind("  0", at),
+              "  0\r\nSPLINE\r\n  5\r\nF00\r\n  8\r\n0\r\n 70\r\n     8\r\n");
+  write(base::pathFromUtf8(pathOf("a.dxf")), text);
+  ASSERT_TRUE(session.openDrawing(pathOf("a.dxf")).ok());
+  type("CIRCLE 0,0 2\nMOVE ALL\n\n0,0 1,0\n");
+  const auto lost = readLostDrawing(killed());
+  ASSERT_TRUE(lost.ok()) << lost.message();
+  EXPECT_EQ(lost->events, 2u);
+  EXPECT_EQ(lost->notes, std::vector<std::string>());
+  const std::string back = dxfOf(*lost->document->database);
+  EXPECT_TRUE(back == dxfOf(session.database()));
+  EXPECT_NE(back.find("SPLINE"), std::string::npos);
 }
 
 TEST_F(RecoveryTest, WorkGoesOnWhereNoRecordCanBeWritten) {

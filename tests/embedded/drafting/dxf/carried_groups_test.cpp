@@ -98,6 +98,19 @@ TEST(CarriedGroups, CodesThatTheFormatDoesNotHaveAreLeftOut) {
   EXPECT_NE(drawingOf(dxfOf(*db)), nullptr);
 }
 
+TEST(CarriedGroups, GroupsWithoutMarkerStayHoweverOftenTheDrawingIsSaved) {
+  auto db = drawingOf(entitiesFile("0|SPLINE|8|0|62|3|70|8|71|3"));
+  for (int i = 0; i < 3; ++i) {
+    ASSERT_NE(db, nullptr);
+    const auto& spline = firstOf<GroupEntity>(*db);
+    EXPECT_EQ(packedValue(spline.groups, 70), "8");
+    EXPECT_EQ(packedValue(spline.groups, 71), "3");
+    EXPECT_EQ(packedValue(spline.groups, 62), "");
+    EXPECT_EQ(spline.colour, 3);
+    db = drawingOf(dxfOf(*db));
+  }
+}
+
 TEST(CarriedGroups, DwgGoesWithoutThemAndSaysSo) {
   const auto db = drawingWithMore();
   ASSERT_NE(db, nullptr);
