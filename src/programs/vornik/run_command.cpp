@@ -73,7 +73,7 @@ base::Status openFirst(drafting::Session& session, const Run& run) {
 // Saves where that is asked, and tells what had to stay behind.
 base::Status saveResult(drafting::Session& session, const Run& run) {
   if (!run.output) return {};
-  const base::Status status = session.saveDrawing(*run.output, run.losses);
+  base::Status status = session.saveDrawing(*run.output, run.losses);
   const std::string lost = drafting::drawingLosses(session.database(), *run.output);
   if (status && !lost.empty()) tell(*run.output + " lacks " + lost);
   return status;
