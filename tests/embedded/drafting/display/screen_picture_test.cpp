@@ -32,7 +32,7 @@ class Screen : public PictureTest {
   // A thousand lines of 1 by 1, ten apart.
   void addField() {
     for (int i = 0; i < 1000; ++i) {
-      const double x = i % 40 * 10.0, y = i / 40 * 10.0;
+      const double x = 10.0 * (i % 40), y = 10.0 * (i / 40);
       add(line(x, y, x + 1, y + 1));
     }
   }
