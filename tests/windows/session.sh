@@ -15,7 +15,8 @@ VORNIK_WINE=$(command -v wine64 || ls /usr/lib/wine/wine64 2>/dev/null || comman
 wineserver=$(command -v wineserver || echo /usr/lib/wine/wineserver64)
 export VORNIK_WINE VORNIK_WINE_SESSION=1
 export WINEPREFIX=$home/prefix WINEARCH=win64 WINEDEBUG=${WINEDEBUG:--all}
-export WINEDLLOVERRIDES="mscoree=;mshtml="
+# Without the menu builder, what is installed there never shows up in a user's own menus.
+export WINEDLLOVERRIDES="mscoree=;mshtml=;winemenubuilder.exe="
 # Without a UTF-8 locale, names that aren't ASCII can't be opened.
 export LC_ALL=C.UTF-8
 unset WAYLAND_DISPLAY
