@@ -1,6 +1,7 @@
 // The lists at their edges: the sentinel, splicing, turning, sorting.
 #include "containers/list.h"
 
+#include <type_traits>
 #include <vector>
 
 #include "containers/d_list.h"
@@ -97,6 +98,34 @@ TYPED_TEST(Lists, SplitAtAppendsTheRest) {
   list.SplitAt(2, other);
   EXPECT_EQ(contents(list), (Numbers{1, 2}));
   EXPECT_EQ(contents(other), (Numbers{9, 3, 4}));
+}
+
+TYPED_TEST(Lists, SplitAtCurTakesTheRestFromTheCursor) {
+  TypeParam list = this->listOf({1, 2, 3});
+  TypeParam other = this->listOf({9});
+  list.MoveTo(1);
+  list.SplitAtCur(other);
+  EXPECT_EQ(contents(list), (Numbers{1}));
+  EXPECT_EQ(contents(other), (Numbers{9, 2, 3}));
+}
+
+TYPED_TEST(Lists, DetachedNodesStayWithWhomTheyWereCutOffFor) {
+  using Node = std::conditional_t<std::is_same_v<TypeParam, TqDList<int>>, TqDListNode<int>,
+                                  TqListNode<int>>;
+  TypeParam list = this->listOf({1, 2, 3});
+  list.MoveTo(2);
+  const auto* third = static_cast<const Node*>(list.GetCurPos());
+  list.MoveTo(1);
+  const auto* second = static_cast<const Node*>(list.GetCurPos());
+  list.DetachAfter(0);
+  EXPECT_EQ(contents(list), (Numbers{1}));
+  EXPECT_EQ(list.GetCur(), 0);
+  EXPECT_EQ(second->data, 2);
+  EXPECT_EQ(second->next, third);
+  list.Append(4);
+  EXPECT_EQ(contents(list), (Numbers{1, 4}));
+  delete second;
+  delete third;
 }
 
 TYPED_TEST(Lists, RotateBringsAnElementToAnIndex) {

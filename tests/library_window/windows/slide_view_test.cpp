@@ -58,6 +58,31 @@ class SlideView : public LibraryFrame {
         reinterpret_cast<LPARAM>(&found));
     return found;
   }
+  static HWND openMenu() {
+    const HWND window = ::FindWindowW(L"#32768", nullptr);
+    return window && ::IsWindowVisible(window) ? window : nullptr;
+  }
+  // The entries of the menu over a cell; grey ones with a minus, separators as 0.
+  std::vector<int> offered(int cell) {
+    std::vector<int> commands;
+    const CPoint at = cellCentre(cell);
+    WindowScript script;
+    script.rightClick(grid(), at.x, at.y);
+    script.waitFor("the menu", [] { return openMenu() != nullptr; });
+    script.then([&commands] {
+      constexpr UINT kGetMenu = 0x01E1;  // MN_GETHMENU
+      const auto menu = reinterpret_cast<HMENU>(::SendMessageW(openMenu(), kGetMenu, 0, 0));
+      for (int i = 0; i < ::GetMenuItemCount(menu); ++i) {
+        const int id = static_cast<int>(::GetMenuItemID(menu, i));
+        const bool grey =
+            (::GetMenuState(menu, static_cast<UINT>(i), MF_BYPOSITION) & MF_GRAYED) != 0;
+        commands.push_back(grey ? -id : id);
+      }
+    });
+    script.key(VK_ESCAPE).waitFor("the menu's end", [] { return openMenu() == nullptr; });
+    EXPECT_EQ(script.run(), "");
+    return commands;
+  }
   static const CWnd* libraryFrame() { return current_; }
   static inline const CWnd* current_ = nullptr;
 };
@@ -149,6 +174,20 @@ TEST_F(SlideView, ADeletedCellIsBlackAndTheOthersStay) {
   EXPECT_EQ(drawnIn(2), 0);
   EXPECT_EQ(drawnIn(3), neighbour);
   EXPECT_EQ(store().GetCount(), 40);
+}
+
+TEST_F(SlideView, TheMenuOffersWhatTheSlotAllows) {
+  using Commands = std::vector<int>;
+  constexpr int kCopy = ID_SLIDE_COPY, kPaste = ID_SLIDE_PASTE, kDelete = ID_SLIDE_DELETE,
+                kEnlarge = ID_SLIDE_ENLARGE;
+  deleteAt(4);
+  store().SetMode(1);
+  EXPECT_EQ(offered(4), (Commands{-kCopy, -kPaste, -kDelete, 0, -kEnlarge})) << "nothing copied";
+  EXPECT_EQ(offered(2), (Commands{kCopy, -kPaste, kDelete, 0, kEnlarge}));
+  EXPECT_EQ(store().GetSelection(), 2) << "the right click selects";
+  ::SendMessageW(grid(), WM_COMMAND, ID_SLIDE_COPY, 0);
+  EXPECT_EQ(offered(4), (Commands{-kCopy, kPaste, -kDelete, 0, -kEnlarge}));
+  EXPECT_EQ(offered(3), (Commands{kCopy, -kPaste, kDelete, 0, kEnlarge})) << "the slot is taken";
 }
 
 TEST_F(SlideView, CopyKeepsTheNumberAndPasteMakesTheRowAnew) {
