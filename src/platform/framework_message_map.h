@@ -220,6 +220,7 @@ void update(CCmdTarget& target, UINT, void* extra) {
 #define ON_WM_RBUTTONUP() FRAMEWORK_ON(WM_RBUTTONUP, numberAndPoint, OnRButtonUp)
 #define ON_WM_MBUTTONDOWN() FRAMEWORK_ON(WM_MBUTTONDOWN, numberAndPoint, OnMButtonDown)
 #define ON_WM_MBUTTONUP() FRAMEWORK_ON(WM_MBUTTONUP, numberAndPoint, OnMButtonUp)
+#define ON_WM_MBUTTONDBLCLK() FRAMEWORK_ON(WM_MBUTTONDBLCLK, numberAndPoint, OnMButtonDblClk)
 #define ON_WM_NCLBUTTONDOWN() FRAMEWORK_ON(WM_NCLBUTTONDOWN, numberAndPoint, OnNcLButtonDown)
 #define ON_WM_NCLBUTTONUP() FRAMEWORK_ON(WM_NCLBUTTONUP, numberAndPoint, OnNcLButtonUp)
 #define ON_WM_NCRBUTTONDOWN() FRAMEWORK_ON(WM_NCRBUTTONDOWN, numberAndPoint, OnNcRButtonDown)

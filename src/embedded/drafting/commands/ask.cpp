@@ -33,4 +33,10 @@ Answer askPoint(Session& session, std::string_view chinese, std::string_view eng
                            .base = base});
 }
 
+Answer askCorner(Session& session, std::string_view chinese, std::string_view english,
+                 const Point3& corner) {
+  return session.line.ask(
+      {.kind = Ask::Point, .message = message(session, chinese, english), .corner = corner});
+}
+
 }  // namespace drafting

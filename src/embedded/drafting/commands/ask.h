@@ -22,6 +22,9 @@ Handle drawEntity(Session& session, std::unique_ptr<Entity> entity);
 // Asks for a point; `base` is where the line to it comes from.
 Answer askPoint(Session& session, std::string_view chinese, std::string_view english,
                 std::optional<Point3> base = {}, std::string keywords = {});
+// Asks for the corner opposite to `corner` of a rectangle.
+Answer askCorner(Session& session, std::string_view chinese, std::string_view english,
+                 const Point3& corner);
 // Asks for a new value of the system variable; says so if there is none of that name.
 void askVariable(Session& session, const std::string& name);
 inline Point2 flat(const Point3& point) { return {point.x, point.y}; }

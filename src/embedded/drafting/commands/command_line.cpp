@@ -117,7 +117,9 @@ Answer CommandLine::askQueue(const Prompt& prompt) {
   const bool wholeLine = prompt.kind == Ask::Line;
   while (true) {
     print(prompt.message);
+    const Prompt* outer = std::exchange(waiting_, &prompt);
     const InputQueue::Token token = nextToken(wholeLine);
+    waiting_ = outer;
     print(isPick(token.text) ? token.text.substr(1) : token.text);
     Answer answer;
     if (token.ending != InputQueue::Ending::Complete) {

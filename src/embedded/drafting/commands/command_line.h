@@ -39,6 +39,11 @@ class CommandLine {
   // Takes commands and expressions until the queue is empty or a command ended the session.
   void run();
 
+  // What is asked while `wait` runs; null if nothing is. Input that is there then is an expression
+  // whose end is still to come.
+  const Prompt* waitingPrompt() const { return waiting_; }
+  bool hasInput() const { return !queue_.empty(); }
+
   // --- for commands
   void print(std::string_view utf8) { output(utf8); }
   Answer ask(const Prompt& prompt);
@@ -88,8 +93,9 @@ class CommandLine {
   int armedFlags_ = 0;
   std::string lastCommand_;
   std::vector<std::string> running_;  // commands, the outermost first
-  bool snapping_ = false;             // the prompt asks where to snap
-  bool transparent_ = false;          // a transparent command runs
+  const Prompt* waiting_ = nullptr;
+  bool snapping_ = false;     // the prompt asks where to snap
+  bool transparent_ = false;  // a transparent command runs
   bool cancelled_ = false;
 };
 

@@ -56,7 +56,7 @@ class PlotCommand {
     if (!answer.isKeyword("Window")) return true;
     const Answer first = askPoint(session_, "\n指定第一个角点: ", "\nFirst corner: ");
     if (!first.hasValue()) return false;
-    const Answer second = askPoint(session_, "\n指定对角点: ", "\nOpposite corner: ");
+    const Answer second = askCorner(session_, "\n指定对角点: ", "\nOpposite corner: ", first.point);
     if (!second.hasValue()) return false;
     Box2 window;
     window.add(flat(first.point));

@@ -30,11 +30,12 @@ enum class Ask {
 
 struct Prompt {
   Ask kind = Ask::Word;
-  std::string message = {};   // as shown; begins with "\n" where it starts a line
-  std::string keywords = {};  // blank-separated; capital letters are the shortest form taken
-  std::optional<Point3> base = {};
-  bool needsAnswer = false;   // Enter is refused
-  bool defaultAtEnd = false;  // an argument list that runs out counts as Enter (attributes)
+  std::string message = {};         // as shown; begins with "\n" where it starts a line
+  std::string keywords = {};        // blank-separated; capital letters are the shortest form taken
+  std::optional<Point3> base = {};  // where a line to the point is shown from
+  std::optional<Point3> corner = {};  // where a rectangle to the point is shown from
+  bool needsAnswer = false;           // Enter is refused
+  bool defaultAtEnd = false;          // an argument list that runs out counts as Enter (attributes)
   bool nonNegative = false, nonZero = false;
   bool opensWithPoint = false;  // of a distance or an angle: a point is taken, with `atPoint`
 };

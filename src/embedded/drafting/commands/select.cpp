@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <unordered_set>
+#include <utility>
 
 #include "embedded/drafting/picking/picker.h"
 
@@ -21,6 +22,7 @@ class SelectPrompt {
 
   std::optional<Selected> run() {
     if (!options_.heading.empty() && !quiet()) session_.print(options_.heading);
+    const Chosen shown(session_, chosen_);
     while (!done_) {
       if (!step()) return {};
     }
@@ -30,6 +32,20 @@ class SelectPrompt {
   }
 
  private:
+  // Lets the screen show what is chosen so far.
+  class Chosen {
+   public:
+    Chosen(Session& session, const Selection& chosen)
+        : session_(session), outer_(std::exchange(session.chosen, &chosen)) {}
+    ~Chosen() { session_.chosen = outer_; }
+    Chosen(const Chosen&) = delete;
+    Chosen& operator=(const Chosen&) = delete;
+
+   private:
+    Session& session_;
+    const Selection* outer_;
+  };
+
   bool quiet() const { return session_.line.answersComeFromArguments(); }
 
   // False if cancelled.
@@ -81,15 +97,14 @@ class SelectPrompt {
     const Handle hit =
         entityAt(session_.database(), session_.index(), flat(point), pickReach(session_));
     if (hit) return take({hit});
-    const Answer opposite =
-        askPoint(session_, "\n指定对角点: ", "\nOpposite corner: ", std::nullopt);
+    const Answer opposite = askCorner(session_, "\n指定对角点: ", "\nOpposite corner: ", point);
     if (opposite.hasValue()) takeBox(point, opposite.point, opposite.point.x < point.x);
   }
 
   void askBox(const std::string& keyword) {
     const Answer first = askPoint(session_, "\n指定第一个角点: ", "\nFirst corner: ");
     if (!first.hasValue()) return;
-    const Answer second = askPoint(session_, "\n指定对角点: ", "\nOpposite corner: ");
+    const Answer second = askCorner(session_, "\n指定对角点: ", "\nOpposite corner: ", first.point);
     if (!second.hasValue()) return;
     takeBox(first.point, second.point,
             keyword == "Crossing" || (keyword == "BOX" && second.point.x < first.point.x));

@@ -23,7 +23,7 @@ void showCorners(Session& session, const Point3& a, const Point3& b) {
 void askWindow(Session& session) {
   const Answer first = askPoint(session, "\n指定第一个角点: ", "\nFirst corner: ");
   if (!first.hasValue()) return;
-  const Answer second = askPoint(session, "\n指定对角点: ", "\nOpposite corner: ");
+  const Answer second = askCorner(session, "\n指定对角点: ", "\nOpposite corner: ", first.point);
   if (second.hasValue()) showCorners(session, first.point, second.point);
 }
 
@@ -86,7 +86,7 @@ void zoom(Session& session) {
     if (!answer.hasValue()) return;
     const auto corner = parsePoint(answer.text, session.variables.point("LASTPOINT"));
     if (corner) {
-      const Answer second = askPoint(session, "\n指定对角点: ", "\nOpposite corner: ");
+      const Answer second = askCorner(session, "\n指定对角点: ", "\nOpposite corner: ", *corner);
       if (second.hasValue()) showCorners(session, *corner, second.point);
       return;
     }

@@ -98,6 +98,7 @@ base::Status Session::replaceDocument(std::unique_ptr<Document> document) {
         "应用程序正在等待输入，请先取消", "An application is waiting for input; cancel it first")));
   }
   modules.sendToAll(AcRx::kUnloadDwgMsg);
+  leaving();
   selections_.clear();
   previousSelection.clear();
   erased.clear();

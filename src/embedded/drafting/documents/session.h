@@ -2,6 +2,7 @@
 // modules. One at a time in a process; the host's C functions act on the active one.
 #pragma once
 
+#include <functional>
 #include <map>
 #include <memory>
 #include <string>
@@ -79,7 +80,10 @@ class Session {
   Modules modules;
   lisp::Interpreter lisp;
   Selection previousSelection;
+  const Selection* chosen = nullptr;  // while entities are being selected: those chosen so far
   std::vector<ErasedEntity> erased;
+  // Called before the drawing is replaced: who watches it lets go.
+  std::function<void()> leaving = [] {};
   HWND mainWindow = nullptr;  // the desktop's; null without windows
   bool quit = false;          // QUIT was given: no more input is taken
 

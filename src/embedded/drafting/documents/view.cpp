@@ -36,6 +36,13 @@ bool View::show(Point2 centre, double height) {
   return true;
 }
 
+bool View::showNext(Point2 centre, double height) {
+  const std::vector<State> before = before_;
+  const bool shown = show(centre, height);
+  if (shown) before_ = before;
+  return shown;
+}
+
 bool View::showBox(const base::Box2& box, double margin) {
   if (box.empty()) return false;
   const double needed = std::max(box.height(), box.width() * screen_.y / screen_.x) * margin;

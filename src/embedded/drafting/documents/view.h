@@ -21,6 +21,9 @@ class View {
 
   // False, and nothing changed, if the height isn't a positive number one can reckon with.
   bool show(Point2 centre, double height);
+  // The same as the next step of a movement that began with show(): only the view before all of it
+  // is one to go back to.
+  bool showNext(Point2 centre, double height);
   // So that all of the box is seen; one without extent is only centred.
   bool showBox(const base::Box2& box, double margin = 1);
   bool showPrevious();  // false if there is none

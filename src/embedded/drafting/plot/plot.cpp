@@ -155,7 +155,7 @@ bool isTooLarge(const Page& bitmap) {
 PaintStyle styleOf(const Page& page, const PlotOptions& options, double thinnest) {
   PaintStyle style;
   style.palette = Palette(options.background, options.monochrome);
-  style.unitsPerMillimetre = page.unitsPerMillimetre;
+  style.unitsPerMillimetre = options.lineweights ? page.unitsPerMillimetre : 0;
   style.thinnest = thinnest;
   return style;
 }

@@ -34,6 +34,7 @@ struct PlotOptions {
   double scale = 0;            // millimetres to a drawing unit; 0: as large as fits the paper
   int pixels = 2000;           // width of a PNG
   bool monochrome = false;
+  bool lineweights = true;  // else every line is as thin as can be
   Background background = Background::White;
   std::filesystem::path drawingFolder;  // where its fonts are looked for first
 };

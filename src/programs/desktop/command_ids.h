@@ -1,0 +1,82 @@
+// Numbers of the desktop's commands, menus and dialogs, for the resource compiler and the code
+// alike.
+#pragma once
+
+#define IDR_DESKTOP_BAR 128
+#define IDR_DESKTOP_ICON 1
+#define IDD_PLOT 130
+#define IDD_SCALE 131
+
+// Commands that type a macro or act at once; menus.cpp tells which.
+#define CMD_NEW 33000
+#define CMD_OPEN 33001
+#define CMD_SAVE 33002
+#define CMD_SAVE_AS 33003
+#define CMD_PLOT 33004
+#define CMD_QUIT 33005
+#define CMD_UNDO 33006
+#define CMD_REDO 33007
+#define CMD_ERASE 33008
+#define CMD_MOVE 33009
+#define CMD_COPY 33010
+#define CMD_ROTATE 33011
+#define CMD_MIRROR 33012
+#define CMD_SCALE 33013
+#define CMD_STRETCH 33014
+#define CMD_TRIM 33015
+#define CMD_EXTEND 33016
+#define CMD_EXPLODE 33017
+#define CMD_EDIT_TEXT 33018
+#define CMD_EDIT_ATTRIBUTES 33019
+#define CMD_LINE 33020
+#define CMD_POLYLINE 33021
+#define CMD_CIRCLE 33022
+#define CMD_ARC 33023
+#define CMD_TEXT 33024
+#define CMD_POINT 33025
+#define CMD_INSERT 33026
+#define CMD_ZOOM_EXTENTS 33027
+#define CMD_ZOOM_WINDOW 33028
+#define CMD_ZOOM_PREVIOUS 33029
+#define CMD_PAN 33030
+#define CMD_LIST 33031
+#define CMD_DISTANCE 33032
+#define CMD_ORTHO 33033
+#define CMD_SNAPS 33034
+#define CMD_PRINT_SCALE 33035
+#define CMD_PLACE 33036
+#define CMD_SHOW_LIBRARY 33037
+#define CMD_HIDE_LIBRARY 33038
+#define CMD_MODEL 33039
+#define CMD_SELECT_ALL 33040
+#define CMD_TEXT_WINDOW 33041
+#define CMD_WRITE_BLOCK 33042
+#define CMD_LAYER 33043
+#define CMD_ABOUT 33044
+#define CMD_LAST 33044
+
+#define CMD_FIRST_RECENT 33100  // and the eight behind it
+#define CMD_LAST_RECENT 33108
+
+// The plot dialog.
+#define IDC_PLOT_PAPER 1001
+#define IDC_PLOT_UPRIGHT 1002
+#define IDC_PLOT_EXTENTS 1003
+#define IDC_PLOT_DISPLAY 1004
+#define IDC_PLOT_WINDOW 1005
+#define IDC_PLOT_PICK 1006
+#define IDC_PLOT_FIT 1007
+#define IDC_PLOT_SCALE 1008
+#define IDC_PLOT_MONOCHROME 1009
+#define IDC_PLOT_LINEWEIGHTS 1010
+#define IDC_PLOT_FILE 1011
+#define IDC_PLOT_BROWSE 1012
+#define IDC_PLOT_LABEL_PAPER 1013
+#define IDC_PLOT_GROUP_AREA 1014
+#define IDC_PLOT_GROUP_SCALE 1015
+#define IDC_PLOT_LABEL_SCALE 1016
+#define IDC_PLOT_LABEL_FILE 1017
+
+// The dialog of the print scale.
+#define IDC_SCALE_VALUE 1020
+#define IDC_SCALE_LABEL 1021
