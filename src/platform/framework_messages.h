@@ -20,5 +20,7 @@ struct MessageBoxCall {
 int showMessageBox(const MessageBoxCall& call);
 
 // Who shows message boxes from now on; an empty function brings back the default, which prints the
-// text on the command line and answers OK where that is the one button, else cancel.
-void setMessageBoxHandler(std::function<int(const MessageBoxCall&)> handler);
+// text on the command line and answers OK where that is the one button, else cancel. Returns who
+// did before.
+std::function<int(const MessageBoxCall&)> setMessageBoxHandler(
+    std::function<int(const MessageBoxCall&)> handler);

@@ -26,6 +26,7 @@ int showMessageBox(const MessageBoxCall& call) {
   return current ? current(call) : printed(call);
 }
 
-void setMessageBoxHandler(std::function<int(const MessageBoxCall&)> next) {
-  handler() = std::move(next);
+std::function<int(const MessageBoxCall&)> setMessageBoxHandler(
+    std::function<int(const MessageBoxCall&)> next) {
+  return std::exchange(handler(), std::move(next));
 }

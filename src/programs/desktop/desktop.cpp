@@ -107,17 +107,30 @@ void Desktop::open(const std::string& path) { macros.start("^C^COPENFILE\n" + pa
 
 // --- start
 
+// Drawings in which nothing was changed have nothing to lose.
+fs::path Desktop::findLost(const fs::path& records) {
+  for (const fs::path& record : drafting::findLostDrawings(records)) {
+    bool changed = true;
+    if (const auto lost = drafting::readLostDrawing(record); lost.ok()) {
+      changed = lost->document->database->journal().changedSinceSave();
+    }
+    if (changed) return record;
+    drafting::removeRecord(record);
+  }
+  return {};
+}
+
 void Desktop::startRecovery(const fs::path& records) {
-  const auto lost = drafting::findLostDrawings(records);
+  const fs::path lost = findLost(records);
   session.recovery.start(records);
   if (lost.empty()) return;
   const Reply reply = askYesNoCancel(
       session, session.say("上次运行没有正常结束。恢复当时的图形？\n\n否: 放弃它。取消: 下次再问。",
                            "The last session didn't end in an orderly way. Recover its drawing?"
                            "\n\nNo gives it up, Cancel asks again next time."));
-  if (reply == Reply::No) drafting::removeRecord(lost.front());
+  if (reply == Reply::No) drafting::removeRecord(lost);
   if (reply != Reply::Yes) return;
-  const base::Status status = session.recoverDrawing(lost.front());
+  const base::Status status = session.recoverDrawing(lost);
   if (status) return;
   session.printProblem(status);
   warn(session, status.message());

@@ -54,6 +54,7 @@ class Desktop {
   RecentFiles recent;
 
  private:
+  static std::filesystem::path findLost(const std::filesystem::path& records);
   void followDocument();
   bool handOverSelection();
 

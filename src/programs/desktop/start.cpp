@@ -2,10 +2,12 @@
 
 #include <cstdlib>
 
+#include "embedded/base/files.h"
 #include "embedded/base/paths.h"
 #include "embedded/base/text.h"
 #include "embedded/drafting/fonts/font_library.h"
 #include "platform/common_funcs.h"
+#include "programs/vornik/captured_slide.h"
 #include "samples/generator/install.h"
 
 namespace desktop {
@@ -27,12 +29,13 @@ bool isInstall(const fs::path& folder) {
   return !folder.empty() && fs::is_directory(folder / "Datcom", error);
 }
 
-// The folder that the information store names, if there is an install.
+// The folder that the information store names, if there is an install. The sample library has to
+// be whole.
 fs::path chosenBefore() {
   wchar_t text[kInformationLimit] = L"";
   if (GetInformation(L"ZEMMain", L"ZemSys", L"", text, 1) <= 0) return {};
   const fs::path folder = base::pathFromWide(text);
-  return isInstall(folder) ? folder : fs::path();
+  return isInstall(folder) && folder != userFolder() / "Library" ? folder : fs::path();
 }
 
 base::Result<Library> entered(const fs::path& folder, const fs::path& records) {
@@ -48,6 +51,25 @@ base::Result<Library> enterNamed(const std::string& name) {
   const base::Status status = samples::useInstall(folder);
   if (!status) return status;
   return entered(folder, folder / "User" / "Recovery");
+}
+
+// The information store names the library once it is whole: one whose making was broken off is
+// made again.
+base::Status makeSampleLibrary(const fs::path& folder,
+                               const std::function<void(std::string_view)>& progress) {
+  const fs::path finished = folder / "finished";
+  std::error_code error;
+  if (fs::exists(finished, error)) return samples::useInstall(folder);
+  base::Status status = samples::makeInstall(folder, progress);
+  if (status) status = samples::useInstall(folder);
+  if (!status) return status;
+  progress("slides");
+  drafting::FontLibrary::shared().setFolders({folder / "Datcom"});
+  // A circuit without a slide can be placed all the same.
+  const base::Status captured =
+      vornik::captureLibrary([&progress](std::string_view note) { progress(note); });
+  if (!captured) progress(captured.message());
+  return base::saveAtomically(finished, "sample library 1\n");
 }
 
 }  // namespace
@@ -80,13 +102,7 @@ base::Result<Library> enterLibrary(const StartOptions& options,
   const fs::path records = drafting::userRecoveryFolder();
   if (const fs::path chosen = chosenBefore(); !chosen.empty()) return entered(chosen, records);
   const fs::path folder = userFolder() / "Library";
-  // Its last file tells a whole install from one whose making was broken off.
-  std::error_code error;
-  if (!fs::exists(folder / "Datcom" / "zhllib" / "zhlFzgn.qdp", error)) {
-    const base::Status made = samples::makeInstall(folder, progress);
-    if (!made) return made;
-  }
-  const base::Status status = samples::useInstall(folder);
+  const base::Status status = makeSampleLibrary(folder, progress);
   if (!status) return status;
   return entered(folder, records);
 }

@@ -32,8 +32,8 @@ struct Library {
 
 // Points the information store and the fonts at the library to be used: the one named, with an
 // information store of its own; else the one chosen before; else the sample library in the user's
-// folder, which is made at the first start. `progress` hears of the steps of making it. Call before
-// the module is loaded.
+// folder, which is made at the first start. `progress` hears of the steps of making it. Call with a
+// session and before the module is loaded.
 base::Result<Library> enterLibrary(const StartOptions& options,
                                    const std::function<void(std::string_view)>& progress);
 

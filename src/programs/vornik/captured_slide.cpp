@@ -8,13 +8,13 @@ namespace vornik {
 
 base::Result<std::string> captureSlide(const std::wstring& row, const std::wstring& name) {
   std::string problem = "no slide can be made";
-  setMessageBoxHandler([&](const MessageBoxCall& call) {
+  auto before = setMessageBoxHandler([&](const MessageBoxCall& call) {
     problem = base::utf8FromWide(base::trim(call.text));
     return kMessageAnswerOk;
   });
   CZhlkCircuitRecord record;
   record.CaptureRow(row, name);
-  setMessageBoxHandler({});
+  setMessageBoxHandler(std::move(before));
   if (record.slide.empty()) return base::Status::failure(problem);
   return std::string(record.slide.begin(), record.slide.end());
 }

@@ -72,6 +72,20 @@ class Program {
     if (options_.script) typeScript(*options_.script);
   }
 
+  // The steps of making the library are told in English.
+  std::string_view stepText(std::string_view step) const {
+    constexpr std::pair<std::string_view, std::string_view> kSteps[] = {
+        {"fonts", "字体"},
+        {"symbols", "电气符号"},
+        {"circuits", "主回路"},
+        {"auxiliary symbols", "附件符号"},
+        {"slides", "幻灯片"}};
+    for (const auto& [english, chinese] : kSteps) {
+      if (step == english) return session_.say(chinese, english);
+    }
+    return step;
+  }
+
   void tell(const base::Status& status) {
     session_.printProblem(status);
     desktop::warn(session_, status.message());
@@ -83,7 +97,7 @@ class Program {
       session_.print(
           "\n" +
           std::string(session_.say("正在准备示例主回路库: ", "Making the sample library: ")) +
-          std::string(step));
+          std::string(stepText(step)));
       frame_->ShowState();
       frame_->RedrawWindow(nullptr, nullptr, RDW_ALLCHILDREN | RDW_UPDATENOW);
     });

@@ -17,6 +17,8 @@ namespace {
 
 std::wstring wide(std::string_view utf8) { return base::wideFromUtf8(utf8); }
 
+constexpr UINT kRaiseOwned = WM_APP;  // to itself, once it has become active
+
 // The panes of the status bar and what a click on each is.
 enum Pane { kMessagePane, kPointPane, kLayerPane, kColourPane, kSnapPane, kOrthoPane, kScalePane };
 constexpr UINT kLayerClick = CMD_LAST + 1, kColourClick = CMD_LAST + 2;
@@ -28,6 +30,9 @@ constexpr int kPaneWidths[] = {0, 190, 150, 90, 60, 60, 90};  // at 96 pixels an
 BEGIN_MESSAGE_MAP(MainFrame, CFrameWnd)
 ON_WM_CREATE()
 ON_WM_CLOSE()
+ON_WM_SETFOCUS()
+ON_WM_MOUSEACTIVATE()
+ON_MESSAGE(kRaiseOwned, OnRaiseOwned)
 ON_WM_DESTROY()
 ON_WM_INITMENUPOPUP()
 ON_MESSAGE(WM_DROPFILES, OnDropFiles)
@@ -204,6 +209,29 @@ BOOL MainFrame::PreTranslateMessage(MSG* message) {
     return TRUE;
   }
   return CFrameWnd::PreTranslateMessage(message);
+}
+
+// --- the windows above it
+
+// Some screens without a window manager let the active window cover those that it owns.
+int MainFrame::OnMouseActivate(CWnd* top, UINT hit, UINT message) {
+  PostMessage(kRaiseOwned);
+  return CFrameWnd::OnMouseActivate(top, hit, message);
+}
+
+LRESULT MainFrame::OnRaiseOwned(WPARAM, LPARAM) {
+  ::EnumThreadWindows(
+      ::GetCurrentThreadId(),
+      [](HWND window, LPARAM owner) -> BOOL {
+        const bool owned = ::GetWindow(window, GW_OWNER) == reinterpret_cast<HWND>(owner);
+        if (owned && ::IsWindowVisible(window)) {
+          ::SetWindowPos(window, HWND_TOP, 0, 0, 0, 0,
+                         SWP_NOACTIVATE | SWP_NOMOVE | SWP_NOSIZE | SWP_NOOWNERZORDER);
+        }
+        return TRUE;
+      },
+      reinterpret_cast<LPARAM>(m_hWnd));
+  return 0;
 }
 
 // --- commands

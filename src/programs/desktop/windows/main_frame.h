@@ -28,6 +28,9 @@ class MainFrame : public CFrameWnd {
   void OnClose();
   void OnDestroy();
   BOOL OnNotify(WPARAM wParam, LPARAM lParam, LRESULT* result) override;
+  void OnSetFocus(CWnd*) { command_.FocusInput(); }
+  int OnMouseActivate(CWnd* top, UINT hit, UINT message);
+  LRESULT OnRaiseOwned(WPARAM, LPARAM);
   LRESULT OnDropFiles(WPARAM drop, LPARAM);
   void OnInitMenuPopup(CMenu* menu, UINT index, BOOL system);
   void OnEntry(UINT id);
