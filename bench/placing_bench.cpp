@@ -9,10 +9,10 @@
 #include <algorithm>
 #include <array>
 #include <cstdio>
-#include <ctime>
 #include <vector>
 
 #include "embedded/base/paths.h"
+#include "process_time.h"
 #include "programs/vornik/headless.h"
 #include "samples/generator/definitions.h"
 #include "samples/generator/install.h"
@@ -26,9 +26,6 @@ constexpr int kCircuits = 10000;
 constexpr int kBatch = 1000;
 constexpr double kMostGrowth = 1.2;     // last thousand to first
 constexpr double kMostOverFiles = 3.0;  // placing to bare file operations
-
-// Of this process, the system's work for it included: other programs' load doesn't count.
-double processSeconds() { return static_cast<double>(std::clock()) / CLOCKS_PER_SEC; }
 
 // What the search of one symbol does on the disk, and nothing else.
 class BareSearch {

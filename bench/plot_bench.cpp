@@ -3,12 +3,12 @@
 #include <benchmark/benchmark.h>
 #include <sys/resource.h>
 
-#include <ctime>
 #include <optional>
 
 #include "embedded/base/paths.h"
 #include "embedded/drafting/documents/drawing_files.h"
 #include "embedded/drafting/plot/plot.h"
+#include "process_time.h"
 #include "programs/vornik/headless.h"
 #include "samples/generator/install.h"
 #include "support/temp_folder.h"
@@ -17,9 +17,6 @@ namespace {
 
 constexpr int kCircuits = 1000, kSlots = 25;
 constexpr double kMostSeconds = 2, kMostFile = 5e6, kMostMemory = 300e6;
-
-// Of this process, the system's work for it included: other programs' load doesn't count.
-double processSeconds() { return static_cast<double>(std::clock()) / CLOCKS_PER_SEC; }
 
 double peakMemory() {
   rusage usage{};

@@ -4,7 +4,6 @@
 
 #include <algorithm>
 #include <cstdio>
-#include <ctime>
 
 #include "embedded/base/colour_table.h"
 #include "embedded/base/paths.h"
@@ -12,6 +11,7 @@
 #include "embedded/slide_store/pixel_canvas.h"
 #include "embedded/slide_store/slide.h"
 #include "embedded/slide_store/slide_painter.h"
+#include "process_time.h"
 #include "programs/vornik/captured_slide.h"
 #include "programs/vornik/headless.h"
 #include "samples/generator/definitions.h"
@@ -23,9 +23,6 @@ namespace {
 constexpr double kMostCircuit = 0.020, kMostLibrary = 1.0, kMostPage = 0.004;  // seconds
 constexpr int kPageColumns = 8, kPageLines = 6;
 constexpr int kPageWidth = 1440, kPageHeight = 1080;  // pixels
-
-// Of this process, the system's work for it included: other programs' load doesn't count.
-double processSeconds() { return static_cast<double>(std::clock()) / CLOCKS_PER_SEC; }
 
 // The sample install in use, and a session.
 class Library {

@@ -172,6 +172,20 @@ class Plot(Install):
         self.assertEqual(problem, "")
         self.assertEqual(self.bytes_of("named.svg"), self.bytes_of("plain.svg"))
 
+    def test_plot_command_finds_fonts_beside_the_drawing(self):
+        self.run_vornik("convert", "chain.dwg", "named.dxf")
+        named = self.bytes_of("named.dxf").replace(b"\ntxt\r\n", b"\nother.shx\r\n")
+        (self.folder / "beside").mkdir()
+        (self.folder / "beside" / "named.dxf").write_bytes(named)
+        script = "OPEN beside/named.dxf\nPLOT\n\nE\nN\n{}.svg\n"
+        said, _ = self.run_vornik("run", "-", text=script.format("replaced"))
+        self.assertIn("the font other.shx isn't there", said)
+        shutil.copy(self.folder / "install" / "Datcom" / "english.wzk",
+                    self.folder / "beside" / "OTHER.SHX")
+        said, _ = self.run_vornik("run", "-", text=script.format("found"))
+        self.assertNotIn("other.shx isn't there", said)
+        self.assertIn(b"<svg", self.bytes_of("found.svg"))
+
     def test_damaged_font_is_told_with_its_file_and_offset(self):
         self.run_vornik("convert", "chain.dwg", "damaged.dxf")
         drawing = self.bytes_of("damaged.dxf").replace(b"\ngbcbig\r\n", b"\ncut\r\n")

@@ -3,7 +3,7 @@
 #include <cmath>
 
 #include "embedded/base/numbers.h"
-#include "embedded/drafting/commands/selection_filter.h"
+#include "embedded/drafting/database/type_names.h"
 #include "embedded/drafting/database/xdata.h"
 
 namespace test {
@@ -87,7 +87,7 @@ std::string shown(const XDataItem& item) {
 }  // namespace
 
 std::string describe(const Database& database, const Entity& entity) {
-  std::string out(dxfName(entity));
+  std::string out(typeName(database, entity));
   out += geometry(database, entity);
   const std::string layer(database.recordName(entity.layer));
   if (layer != "0") out += " on " + layer;

@@ -4,6 +4,7 @@
 
 #include <cstdint>
 #include <filesystem>
+#include <utility>
 
 namespace base {
 
@@ -11,8 +12,12 @@ class FileLock {
  public:
   FileLock() = default;
   ~FileLock() { release(); }
-  FileLock(FileLock&& other) noexcept : handle_(other.handle_) { other.handle_ = -1; }
-  FileLock& operator=(FileLock&& other) noexcept;
+  FileLock(FileLock&& other) noexcept : handle_(std::exchange(other.handle_, -1)) {}
+  FileLock& operator=(FileLock&& other) noexcept {
+    release();
+    handle_ = std::exchange(other.handle_, -1);
+    return *this;
+  }
 
   // Makes the file if `create` says so. False if another owner, of this process or another, holds
   // it, or it isn't there and can't be made.

@@ -3,17 +3,9 @@
 #include <sys/file.h>
 #include <unistd.h>
 
-#include <utility>
-
 #include "embedded/base/file_lock.h"
 
 namespace base {
-
-FileLock& FileLock::operator=(FileLock&& other) noexcept {
-  release();
-  handle_ = std::exchange(other.handle_, -1);
-  return *this;
-}
 
 bool FileLock::take(const std::filesystem::path& path, bool create) {
   release();

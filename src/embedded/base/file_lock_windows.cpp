@@ -1,17 +1,9 @@
 // file_lock.h over the Windows API.
 #include <windows.h>
 
-#include <utility>
-
 #include "embedded/base/file_lock.h"
 
 namespace base {
-
-FileLock& FileLock::operator=(FileLock&& other) noexcept {
-  release();
-  handle_ = std::exchange(other.handle_, -1);
-  return *this;
-}
 
 bool FileLock::take(const std::filesystem::path& path, bool create) {
   release();

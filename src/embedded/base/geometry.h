@@ -9,6 +9,7 @@
 namespace base {
 
 inline constexpr double kPi = std::numbers::pi;
+inline constexpr double kFullTurn = 2 * kPi;
 
 inline double radians(double degrees) { return degrees * kPi / 180.0; }
 inline double degrees(double radians) { return radians * 180.0 / kPi; }
@@ -32,8 +33,27 @@ struct Point3 {
   friend Point3 operator*(Point3 a, double s) { return {a.x * s, a.y * s, a.z * s}; }
 };
 
+// Seen from above.
+inline Point2 flat(const Point3& p) { return {p.x, p.y}; }
+
+inline double dot(Point2 a, Point2 b) { return a.x * b.x + a.y * b.y; }
+inline double dot(const Point3& a, const Point3& b) { return a.x * b.x + a.y * b.y + a.z * b.z; }
+// Positive if b stands to the left of a.
+inline double cross(Point2 a, Point2 b) { return a.x * b.y - a.y * b.x; }
+inline Point3 cross(const Point3& a, const Point3& b) {
+  return {a.y * b.z - a.z * b.y, a.z * b.x - a.x * b.z, a.x * b.y - a.y * b.x};
+}
+
 inline double length(Point2 v) { return std::hypot(v.x, v.y); }
+inline double length(const Point3& v) { return std::hypot(v.x, v.y, v.z); }
 inline double distance(Point2 a, Point2 b) { return length(b - a); }
+
+inline double angleOf(Point2 v) { return std::atan2(v.y, v.x); }
+// The same direction from 0 up to a full turn.
+inline double wrappedAngle(double angle) {
+  const double rest = std::fmod(angle, kFullTurn);
+  return rest < 0 ? rest + kFullTurn : rest;
+}
 
 // The point at `distance` from `p` in direction `angle`.
 inline Point2 polar(Point2 p, double angle, double distance) {
@@ -60,6 +80,15 @@ struct Box2 {
   }
 };
 
+// Whether two boxes have a point in common; false if one is empty.
+inline bool meet(const Box2& a, const Box2& b) {
+  return a.min.x <= b.max.x && b.min.x <= a.max.x && a.min.y <= b.max.y && b.min.y <= a.max.y;
+}
+inline bool holds(const Box2& outer, const Box2& inner) {
+  return outer.min.x <= inner.min.x && inner.max.x <= outer.max.x && outer.min.y <= inner.min.y &&
+         inner.max.y <= outer.max.y;
+}
+
 // Affine map of the plane: (x, y) -> (a x + c y + e, b x + d y + f).
 struct Affine2 {
   double a = 1, b = 0, c = 0, d = 1, e = 0, f = 0;
@@ -72,6 +101,12 @@ struct Affine2 {
             a * inner.e + c * inner.f + e, b * inner.e + d * inner.f + f};
   }
   double determinant() const { return a * d - b * c; }
+  // There is one unless the determinant is 0.
+  Affine2 inverse() const {
+    const double area = determinant();
+    return {
+        d / area, -b / area, -c / area, a / area, (c * f - d * e) / area, (b * e - a * f) / area};
+  }
   // Mean scale factor, for pen widths and text heights.
   double scale() const { return std::sqrt(std::abs(determinant())); }
 
@@ -81,5 +116,15 @@ struct Affine2 {
     return {std::cos(angle), std::sin(angle), -std::sin(angle), std::cos(angle), 0, 0};
   }
 };
+
+// The box around the image of a box.
+inline Box2 mapped(const Affine2& map, const Box2& box) {
+  Box2 out;
+  for (const Point2 corner :
+       {box.min, box.max, Point2{box.min.x, box.max.y}, Point2{box.max.x, box.min.y}}) {
+    out.add(map(corner));
+  }
+  return out;
+}
 
 }  // namespace base

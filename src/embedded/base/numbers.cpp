@@ -205,4 +205,10 @@ std::string formatInt(long long value, int width) {
   return text;
 }
 
+std::string formatHex(std::uint64_t value) {
+  std::array<char, 16> digits;
+  const auto written = std::to_chars(digits.data(), digits.data() + digits.size(), value, 16);
+  return capitals({digits.data(), written.ptr});
+}
+
 }  // namespace base

@@ -3,6 +3,7 @@
 #pragma once
 
 #include <cstddef>
+#include <cstdint>
 #include <string>
 #include <string_view>
 
@@ -33,5 +34,8 @@ std::string formatShortest(double value);
 
 // Decimal digits, at least `width` of them ("%02d" is formatInt(n, 2)); a sign counts as one.
 std::string formatInt(long long value, int width = 0);
+
+// Upper-case hexadecimal digits without leading zeros.
+std::string formatHex(std::uint64_t value);
 
 }  // namespace base

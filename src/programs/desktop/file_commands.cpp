@@ -146,8 +146,8 @@ bool FileCommands::pickWindow() {
       drafting::askCorner(session_, "\n指定对角点: ", "\nOpposite corner: ", first.point);
   if (!second.hasValue()) return false;
   base::Box2 window;
-  window.add(drafting::flat(first.point));
-  window.add(drafting::flat(second.point));
+  window.add(base::flat(first.point));
+  window.add(base::flat(second.point));
   if (window.width() == 0 || window.height() == 0) return false;
   plot_.window = window;
   plot_.area = PlotArea::Window;

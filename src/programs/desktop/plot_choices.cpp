@@ -2,6 +2,7 @@
 
 #include "embedded/base/paths.h"
 #include "embedded/base/text.h"
+#include "embedded/drafting/documents/drawing_files.h"
 #include "programs/desktop/settings_text.h"
 
 namespace desktop {
@@ -44,8 +45,7 @@ base::Result<drafting::PlotOptions> plotOptions(const drafting::Session& session
     return problem(session, "文件名应以 .pdf、.svg 或 .png 结尾。",
                    "The file's name must end with .pdf, .svg or .png.");
   }
-  options.drawingFolder =
-      base::resolvePath(base::wideFromUtf8(session.document().path)).parent_path();
+  options.drawingFolder = drafting::folderOfDrawing(session.document().path);
   return options;
 }
 

@@ -3,6 +3,7 @@
 #include <map>
 #include <unordered_set>
 
+#include "embedded/base/numbers.h"
 #include "embedded/drafting/database/fields.h"
 #include "embedded/drafting/database/type_names.h"
 #include "embedded/drafting/database/visit.h"
@@ -61,17 +62,17 @@ class Dump {
     ++counts_[type];
     FieldDump fields(database_);
     if (table) fields.member("table", jsonText(name));
-    if (object.owner) fields.member("owner", jsonText(hexHandle(object.owner)));
+    if (object.owner) fields.member("owner", jsonText(base::formatHex(object.owner)));
     if (isEntity(object.kind)) showCommon(static_cast<const Entity&>(object), space, fields);
     visit(object, [&]<class T>(const T& one) { walk<FieldDump>(fields, one); });
-    if (object.extension) fields.member("extension", jsonText(hexHandle(object.extension)));
+    if (object.extension) fields.member("extension", jsonText(base::formatHex(object.extension)));
     if (!object.reactors.empty()) {
       fields.member("reactors", jsonList(object.reactors, [](Handle handle) {
-                      return jsonText(hexHandle(handle));
+                      return jsonText(base::formatHex(handle));
                     }));
     }
     if (!object.xdata.empty()) fields.member("xdata", extendedData(database_, object));
-    printLine(hexHandle(object.handle), type, fields.members());
+    printLine(base::formatHex(object.handle), type, fields.members());
   }
 
   void showCommon(const Entity& entity, const std::string& space, FieldDump& fields) {

@@ -28,7 +28,7 @@ std::string degreesJson(double radians) {
 }
 
 std::string handlesJson(const std::vector<Handle>& handles) {
-  return jsonList(handles, [](Handle handle) { return jsonText(hexHandle(handle)); });
+  return jsonList(handles, [](Handle handle) { return jsonText(base::formatHex(handle)); });
 }
 
 // An edge of a hatch: what its form has.
@@ -80,7 +80,7 @@ std::string itemJson(const Database& database, const XDataItem& item) {
     }
     std::string operator()(Handle handle) const {
       const auto layer = code == 1003 ? database.recordName(handle) : std::string_view();
-      return jsonText(layer.empty() ? hexHandle(handle) : std::string(layer));
+      return jsonText(layer.empty() ? base::formatHex(handle) : std::string(layer));
     }
     std::string operator()(const Point3& point) const { return spaceJson(point); }
     std::string operator()(double value) const { return jsonNumber(value); }
@@ -91,12 +91,6 @@ std::string itemJson(const Database& database, const XDataItem& item) {
 }
 
 }  // namespace
-
-std::string hexHandle(Handle handle) {
-  char digits[17];
-  const char* end = std::to_chars(digits, std::end(digits), handle, 16).ptr;
-  return base::capitals({static_cast<const char*>(digits), end});
-}
 
 std::string hexBytes(std::string_view bytes) {
   static constexpr char kDigits[] = "0123456789ABCDEF";
@@ -131,7 +125,7 @@ void FieldDump::extrusion(int, const Point3& value) {
 
 std::string FieldDump::reference(Handle handle) const {
   const std::string_view name = database_.recordName(handle);
-  return jsonText(name.empty() ? hexHandle(handle) : std::string(name));
+  return jsonText(name.empty() ? base::formatHex(handle) : std::string(name));
 }
 
 void FieldDump::handle(const char* name, int, std::uint8_t, Handle value) {
@@ -252,7 +246,7 @@ void FieldDump::raw(const Bits& bits, const std::vector<Reference>& references) 
   member("bytes", jsonText(hexBytes(bits.bytes)));
   member("references", jsonList(references, [](const Reference& reference) {
            return "[" + std::to_string(reference.code) + "," +
-                  jsonText(hexHandle(reference.target)) + "]";
+                  jsonText(base::formatHex(reference.target)) + "]";
          }));
 }
 
@@ -314,7 +308,7 @@ void FieldDump::dimensionValues(const DimStyle& style) {
 
 void FieldDump::dictionaryItems(const Dictionary& dictionary) {
   member("items", jsonList(dictionary.items, [](const std::pair<std::string, Handle>& item) {
-           return "[" + jsonText(item.first) + "," + jsonText(hexHandle(item.second)) + "]";
+           return "[" + jsonText(item.first) + "," + jsonText(base::formatHex(item.second)) + "]";
          }));
 }
 
@@ -323,7 +317,7 @@ std::string extendedData(const Database& database, const Object& object) {
   for (const XData& data : object.xdata) {
     const std::string_view app = database.recordName(data.app);
     out += (out.size() > 1 ? "," : "") +
-           jsonText(app.empty() ? hexHandle(data.app) : std::string(app));
+           jsonText(app.empty() ? base::formatHex(data.app) : std::string(app));
     const auto items = decodeXData(data.items);
     out += ":" + (items ? jsonList(*items,
                                    [&](const XDataItem& item) { return itemJson(database, item); })

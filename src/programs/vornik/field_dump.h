@@ -10,7 +10,6 @@
 
 namespace vornik {
 
-std::string hexHandle(drafting::Handle handle);
 std::string hexBytes(std::string_view bytes);
 
 class FieldDump {

@@ -71,17 +71,6 @@ class PartsList {
   std::map<std::pair<std::string, std::string>, Part> parts_;
 };
 
-// The text that an application's extended data holds; empty without one.
-std::string extendedText(const Object& object, Handle app) {
-  const XData* data = app ? findXData(object, app) : nullptr;
-  const auto items = data ? decodeXData(data->items) : std::nullopt;
-  if (!items) return {};
-  for (const XDataItem& item : *items) {
-    if (const auto* text = std::get_if<std::string>(&item.value)) return *text;
-  }
-  return {};
-}
-
 // "主回路&07" is circuit 07; a name without a number stays.
 std::string circuitNumber(const std::string& name) { return name.substr(name.find('&') + 1); }
 
@@ -104,7 +93,7 @@ std::vector<Part> partsOfDrawing(const Database& database, const Note& note) {
     const auto& insert = static_cast<const Insert&>(*entity);
     const std::string symbol(database.recordName(insert.block));
     if (base::equalsNoCase(symbol, kCircuitMark)) ++circuit;
-    list.add(symbol, extendedText(insert, index), extendedText(insert, model),
+    list.add(symbol, firstXDataText(insert, index), firstXDataText(insert, model),
              circuit ? std::to_string(circuit) : "", {insert.position.x, insert.position.y});
   }
   return list.take();

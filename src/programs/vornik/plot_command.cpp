@@ -75,16 +75,11 @@ std::string readOptions(const Options& options, drafting::PlotOptions& plot) {
 
 void note(std::string_view text) { std::cerr << "vornik: " << text << "\n"; }
 
-std::filesystem::path folderOf(const std::string& drawing) {
-  const auto folder = base::resolvePath(base::wideFromUtf8(drawing)).parent_path();
-  return folder.empty() ? "." : folder;
-}
-
 base::Status plotOne(const std::string& drawing, const std::string& output,
                      drafting::PlotOptions plot) {
   const auto database = drafting::readDrawing(drawing, note);
   if (!database.ok()) return database.status();
-  plot.drawingFolder = folderOf(drawing);
+  plot.drawingFolder = drafting::folderOfDrawing(drawing);
   return drafting::plotDrawing(**database, output, plot, note);
 }
 
@@ -94,7 +89,7 @@ base::Status plotBook(const Words& drawings, const std::string& output,
   for (const std::string& drawing : drawings) {
     const auto database = drafting::readDrawing(drawing, note);
     if (!database.ok()) return database.status();
-    plot.drawingFolder = folderOf(drawing);
+    plot.drawingFolder = drafting::folderOfDrawing(drawing);
     book.add(**database, plot,
              [&](std::string_view text) { note(drawing + ": " + std::string(text)); });
   }

@@ -7,13 +7,12 @@
 namespace drafting {
 namespace {
 
-constexpr double kFullTurn = 2 * base::kPi;
+using base::angleOf;
+using base::kFullTurn;
 
-double angleOf(Point2 v) { return std::atan2(v.y, v.x); }
 double positive(double angle) {
   constexpr double kHair = 1e-12;
-  double rest = std::fmod(angle, kFullTurn);
-  if (rest < 0) rest += kFullTurn;
+  const double rest = base::wrappedAngle(angle);
   return kFullTurn - rest < kHair ? 0 : rest;
 }
 

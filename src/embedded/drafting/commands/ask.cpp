@@ -1,6 +1,7 @@
 #include "embedded/drafting/commands/ask.h"
 
 #include "embedded/base/numbers.h"
+#include "embedded/base/text.h"
 
 namespace drafting {
 std::string shown(double number) { return base::formatG(number); }
@@ -37,6 +38,14 @@ Answer askCorner(Session& session, std::string_view chinese, std::string_view en
                  const Point3& corner) {
   return session.line.ask(
       {.kind = Ask::Point, .message = message(session, chinese, english), .corner = corner});
+}
+
+std::string askPath(Session& session, std::string_view chinese, std::string_view english) {
+  const Answer answer =
+      session.line.ask({.kind = Ask::Line, .message = message(session, chinese, english)});
+  std::string path = answer.hasValue() ? std::string(base::trim(answer.text)) : "";
+  std::erase(path, '"');
+  return path;
 }
 
 }  // namespace drafting

@@ -25,9 +25,10 @@ Answer askPoint(Session& session, std::string_view chinese, std::string_view eng
 // Asks for the corner opposite to `corner` of a rectangle.
 Answer askCorner(Session& session, std::string_view chinese, std::string_view english,
                  const Point3& corner);
+// Asks for a file, which may be given in quotation marks; empty if there is no answer.
+std::string askPath(Session& session, std::string_view chinese, std::string_view english);
 // Asks for a new value of the system variable; says so if there is none of that name.
 void askVariable(Session& session, const std::string& name);
-inline Point2 flat(const Point3& point) { return {point.x, point.y}; }
 
 // "12.5" for a default in angle brackets.
 std::string shown(double number);

@@ -3,18 +3,15 @@
 #include <algorithm>
 #include <cmath>
 
+#include "embedded/drafting/commands/entity_copies.h"
 #include "embedded/drafting/database/visit.h"
 
 namespace drafting {
 namespace {
 
 constexpr double kSamePlace = 1e-9;
-constexpr double kFullTurn = 2 * base::kPi;
-
-double wrapped(double angle) {
-  const double rest = std::fmod(angle, kFullTurn);
-  return rest < 0 ? rest + kFullTurn : rest;
-}
+using base::kFullTurn;
+using base::wrappedAngle;
 
 bool liesFlat(const Entity& entity) {
   return visit(entity, []<class T>(const T& one) {
@@ -28,10 +25,7 @@ bool liesFlat(const Entity& entity) {
 
 template <class T>
 std::unique_ptr<T> copyOf(const Entity& entity) {
-  std::unique_ptr<Object> copy = copyObject(entity);
-  copy->extension = 0;
-  copy->reactors.clear();
-  return std::unique_ptr<T>(static_cast<T*>(copy.release()));
+  return std::unique_ptr<T>(static_cast<T*>(plainCopy(entity).release()));
 }
 
 std::unique_ptr<Entity> arcOf(const Entity& like, const Piece& piece) {
@@ -41,18 +35,13 @@ std::unique_ptr<Entity> arcOf(const Entity& like, const Piece& piece) {
   } else {
     const auto& circle = static_cast<const Circle&>(like);
     arc->xdata = circle.xdata;
-    arc->layer = circle.layer;
-    arc->linetype = circle.linetype;
-    arc->linetypeScale = circle.linetypeScale;
-    arc->colour = circle.colour;
-    arc->lineweight = circle.lineweight;
-    arc->plotStyle = circle.plotStyle;
+    arc->copyLook(circle);
     arc->thickness = circle.thickness;
     arc->centre = circle.centre;
     arc->radius = circle.radius;
   }
-  arc->startAngle = wrapped(piece.start);
-  arc->endAngle = wrapped(piece.start + piece.sweep);
+  arc->startAngle = wrappedAngle(piece.start);
+  arc->endAngle = wrappedAngle(piece.start + piece.sweep);
   return arc;
 }
 
@@ -183,10 +172,10 @@ std::unique_ptr<Entity> CurveParts::lengthened(Point2 to, bool atStart) const {
     return atStart ? lineOf(line, at, line.end) : lineOf(line, line.start, at);
   }
   const Piece& piece = atStart ? pieces_.front() : pieces_.back();
-  const double angle = std::atan2(to.y - piece.centre.y, to.x - piece.centre.x);
+  const double angle = base::angleOf(to - piece.centre);
   const double way = piece.sweep < 0 ? -1 : 1;
-  const double sweep = atStart ? wrapped(way * (piece.start + piece.sweep - angle))
-                               : wrapped(way * (angle - piece.start));
+  const double sweep = atStart ? wrappedAngle(way * (piece.start + piece.sweep - angle))
+                               : wrappedAngle(way * (angle - piece.start));
   if (entity_->kind == Kind::Arc) {
     return arcOf(*entity_, Piece::arc(piece.centre, piece.radius, atStart ? angle : piece.start,
                                       way * sweep));

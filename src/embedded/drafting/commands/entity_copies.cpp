@@ -3,16 +3,18 @@
 #include "embedded/drafting/database/visit.h"
 
 namespace drafting {
-namespace {
 
 std::unique_ptr<Entity> plainCopy(const Entity& entity) {
-  auto copy = copyObject(entity);
-  copy->extension = 0;  // what hangs on the original isn't the copy's
-  copy->reactors.clear();
-  return std::unique_ptr<Entity>(static_cast<Entity*>(copy.release()));
+  auto object = copyObject(entity);
+  object->extension = 0;  // what hangs on the original isn't the copy's
+  object->reactors.clear();
+  std::unique_ptr<Entity> copy(static_cast<Entity*>(object.release()));
+  if (const Members own = membersOf(*copy); own.list) {
+    own.list->clear();
+    *own.seqEnd = 0;
+  }
+  return copy;
 }
-
-}  // namespace
 
 Handle copyEntity(Database& database, Handle handle) {
   const auto* entity = database.find<Entity>(handle);
@@ -21,10 +23,6 @@ Handle copyEntity(Database& database, Handle handle) {
   if (!block) return 0;
   auto copy = plainCopy(*entity);
   const std::vector<Handle> members = memberHandles(*entity);
-  if (const Members own = membersOf(*copy); own.list) {
-    own.list->clear();
-    *own.seqEnd = 0;
-  }
   const Handle made = database.append(*block, std::move(copy));
   for (const Handle member : members) {
     const auto* one = database.find<Entity>(member);
@@ -35,17 +33,22 @@ Handle copyEntity(Database& database, Handle handle) {
   return made;
 }
 
+TransformOptions memberOptions(const Entity& holder, TransformOptions options) {
+  if (holder.kind == Kind::Polyline) {
+    const auto& polyline = static_cast<const Polyline&>(holder);
+    options.plane = polyline.normal;
+    options.elevation = polyline.elevation;
+  }
+  return options;
+}
+
 bool transformWithParts(Database& database, Handle handle, const Map3& map,
                         const TransformOptions& options) {
   auto* entity = database.find<Entity>(handle);
   if (!entity) return false;
   std::unique_ptr<Entity> probe(static_cast<Entity*>(copyObject(*entity).release()));
   if (!transformEntity(*probe, map, options)) return false;
-  TransformOptions ofMembers = options;
-  if (const auto* polyline = dynamic_cast<const Polyline*>(entity)) {
-    ofMembers.plane = polyline->normal;
-    ofMembers.elevation = polyline->elevation;
-  }
+  const TransformOptions ofMembers = memberOptions(*entity, options);
   transformEntity(database.edit<Entity>(handle), map, options);
   for (const Handle member : memberHandles(*entity)) {
     if (database.find<Entity>(member)) {

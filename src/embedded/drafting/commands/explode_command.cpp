@@ -1,29 +1,27 @@
-// EXPLODE: blocks into their content, polylines into lines and arcs. What the content takes from
-// the block (layer 0, ByBlock) it keeps, so that it looks as before; attributes become their
-// definitions again.
+// EXPLODE: blocks into their content, polylines into lines and arcs, paragraphs into lines of text.
+// What the content takes from the block (layer 0, ByBlock) it keeps, so that it looks as before;
+// attributes become their definitions again.
 #include <cmath>
 
+#include "embedded/drafting/commands/entity_copies.h"
 #include "embedded/drafting/commands/select.h"
+#include "embedded/drafting/database/old_polylines.h"
 #include "embedded/drafting/database/transform.h"
 #include "embedded/drafting/database/visit.h"
+#include "embedded/drafting/display/style_fonts.h"
+#include "embedded/drafting/documents/drawing_files.h"
 #include "embedded/drafting/picking/pieces.h"
 
 namespace drafting {
 namespace {
 
-using Parts = std::vector<std::unique_ptr<Entity>>;
-constexpr double kFullTurn = 2 * base::kPi;
-
-void copyLook(const Entity& from, Entity& to) {
-  to.layer = from.layer;
-  to.colour = from.colour;
-  to.linetype = from.linetype;
-  to.linetypeScale = from.linetypeScale;
-  to.lineweight = from.lineweight;
-  to.plotStyle = from.plotStyle;
-}
-
-double dot(const Point3& a, const Point3& b) { return a.x * b.x + a.y * b.y + a.z * b.z; }
+// An entity that comes of it, with its attributes or vertices.
+struct Part {
+  std::unique_ptr<Entity> entity;
+  std::vector<std::unique_ptr<Entity>> members;
+};
+using Parts = std::vector<Part>;
+using base::kFullTurn;
 
 // The image of a circle or an arc under a map that stretches it: its axes are those of the
 // conjugate diameters u and v.
@@ -43,7 +41,7 @@ std::unique_ptr<Ellipse> ellipseOf(const Entity& round, const Point3& centre, do
   const double size = std::sqrt(dot(major, major)), other = std::sqrt(dot(minor, minor));
   if (!(size > 0) || !(other > 0)) return nullptr;
   auto ellipse = std::make_unique<Ellipse>();
-  copyLook(round, *ellipse);
+  ellipse->copyLook(round);
   ellipse->centre = map(axes(centre));
   ellipse->majorAxis = major;
   ellipse->ratio = other / size;
@@ -69,25 +67,101 @@ Parts segmentsOf(const LwPolyline& polyline) {
       auto arc = std::make_unique<Arc>();
       arc->centre = {piece.centre.x, piece.centre.y, polyline.elevation};
       arc->radius = piece.radius;
-      arc->startAngle = piece.sweep > 0 ? piece.start : piece.start + piece.sweep;
-      arc->endAngle = piece.sweep > 0 ? piece.start + piece.sweep : piece.start;
-      for (double* angle : {&arc->startAngle, &arc->endAngle})
-        *angle = std::fmod(*angle + 2 * kFullTurn, kFullTurn);
+      arc->startAngle = base::wrappedAngle(piece.start + std::min(piece.sweep, 0.0));
+      arc->endAngle = base::wrappedAngle(piece.start + std::max(piece.sweep, 0.0));
       arc->normal = polyline.normal;
       arc->thickness = polyline.thickness;
-      parts.push_back(std::move(arc));
+      parts.push_back({std::move(arc), {}});
     } else {
       auto line = std::make_unique<Line>();
       line->start = axes({piece.from.x, piece.from.y, polyline.elevation});
       line->end = axes({piece.to.x, piece.to.y, polyline.elevation});
       line->normal = polyline.normal;
       line->thickness = polyline.thickness;
-      parts.push_back(std::move(line));
+      parts.push_back({std::move(line), {}});
     }
-    copyLook(polyline, *parts.back());
+    parts.back().entity->copyLook(polyline);
   }
   return parts;
 }
+
+// Lines between the vertices of a polyline in space; nothing of a surface.
+std::optional<Parts> sidesOf(const Database& database, const Polyline& polyline) {
+  if (polyline.form != Polyline::Form::Space) return {};
+  constexpr int kClosed = 1, kOfFrame = 16;
+  std::vector<Point3> corners;
+  for (const Handle handle : polyline.vertices) {
+    const auto* vertex = database.find<Vertex>(handle);
+    if (vertex && !(vertex->flags & kOfFrame)) corners.push_back(vertex->position);
+  }
+  if ((polyline.flags & kClosed) && !corners.empty()) corners.push_back(corners.front());
+  Parts parts;
+  for (std::size_t i = 1; i < corners.size(); ++i) {
+    auto line = std::make_unique<Line>();
+    line->copyLook(polyline);
+    line->start = corners[i - 1];
+    line->end = corners[i];
+    parts.push_back({std::move(line), {}});
+  }
+  return parts;
+}
+
+// The lines of a paragraph as TEXT, and the strokes through and between them.
+class ParagraphExploder {
+ public:
+  ParagraphExploder(const Session& session, const MText& text) : text_(text) {
+    const FontSource source{FontLibrary::shared(), folderOfDrawing(session.document().path)};
+    const Database& database = session.database();
+    style_ =
+        paragraphStyle(database, text.style, fontOfStyle(database, text.style, source), source);
+  }
+
+  std::optional<Parts> run() {
+    if (text_.normal.x != 0 || text_.normal.y != 0 || !(text_.normal.z > 0)) return {};
+    for (const PlacedLine& placed : layOutParagraph(text_, style_)) {
+      if (placed.content.find_first_not_of(' ') != std::string::npos) addText(placed);
+      if (placed.content.empty()) addStrokes(placed);
+    }
+    return std::move(parts_);
+  }
+
+ private:
+  void add(std::unique_ptr<Entity> entity, std::int16_t colour) {
+    entity->copyLook(text_);
+    if (colour > 0) entity->colour = colour;
+    parts_.push_back({std::move(entity), {}});
+  }
+
+  void addText(const PlacedLine& placed) {
+    const Point2 along{placed.place.a, placed.place.b}, up{placed.place.c, placed.place.d};
+    const double width = base::length(along), height = width > 0 ? cross(along, up) / width : 0;
+    if (!(height > 0)) return;
+    auto line = std::make_unique<Text>();
+    line->text = placed.content;
+    line->style = text_.style;
+    line->position = placed.place({0, 0});
+    line->elevation = text_.position.z;
+    line->height = height;
+    line->widthFactor = width / height;
+    line->rotation = base::wrappedAngle(angleOf(along));
+    line->oblique = std::atan2(dot(along, up) / width, height);
+    add(std::move(line), placed.colour);
+  }
+
+  void addStrokes(const PlacedLine& placed) {
+    for (const auto& stroke : placed.line.strokes) {
+      const Point2 from = placed.place(stroke.front()), to = placed.place(stroke.back());
+      auto line = std::make_unique<Line>();
+      line->start = {from.x, from.y, text_.position.z};
+      line->end = {to.x, to.y, text_.position.z};
+      add(std::move(line), placed.colour);
+    }
+  }
+
+  const MText& text_;
+  ParagraphStyle style_;
+  Parts parts_;
+};
 
 class InsertExploder {
  public:
@@ -109,28 +183,28 @@ class InsertExploder {
 
  private:
   bool add(const Entity& entity) {
-    std::unique_ptr<Object> object = copyObject(entity);
-    object->extension = 0;
-    object->reactors.clear();
-    std::unique_ptr<Entity> copy(static_cast<Entity*>(object.release()));
-    if (const Members members = membersOf(*copy); members.list) {
-      if (!members.list->empty()) return false;  // they would be left behind
-      *members.seqEnd = 0;
+    Part part{plainCopy(entity), {}};
+    takeLook(*part.entity);
+    if (!transformEntity(*part.entity, map_)) return addStretched(*part.entity);
+    const TransformOptions ofMembers = memberOptions(entity, {});
+    for (const Handle handle : memberHandles(entity)) {
+      const auto* member = database_.find<Entity>(handle);
+      if (!member || member->kind == Kind::SeqEnd) continue;
+      auto copy = plainCopy(*member);
+      takeLook(*copy);
+      if (!transformEntity(*copy, map_, ofMembers)) return false;
+      part.members.push_back(std::move(copy));
     }
-    takeLook(*copy);
-    if (transformEntity(*copy, map_)) {
-      parts_.push_back(std::move(copy));
-      return true;
-    }
-    return addStretched(*copy);
+    parts_.push_back(std::move(part));
+    return true;
   }
 
   bool addStretched(const Entity& entity) {
     if (entity.kind == Kind::LwPolyline) {
       for (auto& segment : segmentsOf(static_cast<const LwPolyline&>(entity))) {
-        if (transformEntity(*segment, map_)) {
+        if (transformEntity(*segment.entity, map_)) {
           parts_.push_back(std::move(segment));
-        } else if (!addStretched(*segment)) {
+        } else if (!addStretched(*segment.entity)) {
           return false;
         }
       }
@@ -146,7 +220,7 @@ class InsertExploder {
       ellipse = ellipseOf(arc, arc.centre, arc.radius, arc.startAngle, end, arc.normal, map_);
     }
     if (!ellipse) return false;
-    parts_.push_back(std::move(ellipse));
+    parts_.push_back({std::move(ellipse), {}});
     return true;
   }
 
@@ -166,11 +240,19 @@ class InsertExploder {
   Parts parts_;
 };
 
-std::optional<Parts> partsOf(const Database& database, const Entity& entity) {
-  if (entity.kind == Kind::Insert)
-    return InsertExploder(database, static_cast<const Insert&>(entity)).run();
-  if (entity.kind == Kind::LwPolyline) return segmentsOf(static_cast<const LwPolyline&>(entity));
-  return {};
+std::optional<Parts> partsOf(const Session& session, const Entity& entity) {
+  const Database& database = session.database();
+  switch (entity.kind) {
+    case Kind::Insert: return InsertExploder(database, static_cast<const Insert&>(entity)).run();
+    case Kind::LwPolyline: return segmentsOf(static_cast<const LwPolyline&>(entity));
+    case Kind::Polyline: {
+      const auto& polyline = static_cast<const Polyline&>(entity);
+      if (polyline.form != Polyline::Form::Flat) return sidesOf(database, polyline);
+      return segmentsOf(flatPolyline(database, polyline));
+    }
+    case Kind::MText: return ParagraphExploder(session, static_cast<const MText&>(entity)).run();
+    default: return {};
+  }
 }
 
 void explode(Session& session) {
@@ -180,13 +262,17 @@ void explode(Session& session) {
   std::size_t refused = 0;
   for (const Handle handle : *selection) {
     const auto* entity = database.find<Entity>(handle);
-    auto parts = partsOf(database, *entity);
+    auto parts = partsOf(session, *entity);
     if (!parts) {
       ++refused;
       continue;
     }
     auto& block = *database.find<BlockRecord>(entity->owner);
-    for (auto& part : *parts) database.append(block, std::move(part));
+    for (Part& part : *parts) {
+      const Handle made = database.append(block, std::move(part.entity));
+      for (auto& member : part.members)
+        database.appendMember(*database.find<Entity>(made), std::move(member));
+    }
     database.erase(handle);
   }
   if (refused) {

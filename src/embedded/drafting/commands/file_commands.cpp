@@ -7,14 +7,6 @@
 namespace drafting {
 namespace {
 
-std::string askPath(Session& session, std::string_view chinese, std::string_view english) {
-  const Answer answer =
-      session.line.ask({.kind = Ask::Line, .message = message(session, chinese, english)});
-  std::string path = answer.hasValue() ? std::string(base::trim(answer.text)) : "";
-  std::erase(path, '"');
-  return path;
-}
-
 void report(Session& session, const base::Status& status) {
   if (!status) session.printProblem(status);
 }

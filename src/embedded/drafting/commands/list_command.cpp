@@ -5,6 +5,7 @@
 #include "embedded/drafting/commands/properties.h"
 #include "embedded/drafting/commands/select.h"
 #include "embedded/drafting/commands/selection_filter.h"
+#include "embedded/drafting/database/old_polylines.h"
 #include "embedded/drafting/database/type_names.h"
 #include "embedded/drafting/database/visit.h"
 #include "embedded/drafting/database/xdata.h"
@@ -20,15 +21,6 @@ std::string place(const Point3& p) {
 std::string place(Point2 p) { return number(p.x) + "," + number(p.y); }
 std::string angle(double radians) { return number(base::degrees(radians)); }
 
-std::string hexadecimal(Handle handle) {
-  std::string out;
-  do {
-    out.insert(out.begin(), "0123456789ABCDEF"[handle & 15]);
-    handle >>= 4;
-  } while (handle);
-  return out;
-}
-
 // Writes an entity line by line.
 class Listing {
  public:
@@ -37,7 +29,7 @@ class Listing {
   void list(const Entity& entity) {
     line(std::string(typeName(database_, entity)) + "  " + say("图层: ", "layer: ") +
          std::string(database_.recordName(entity.layer)));
-    item("句柄", "handle", hexadecimal(entity.handle));
+    item("句柄", "handle", base::formatHex(entity.handle));
     if (entity.colour != kColourByLayer) item("颜色", "colour", colourName(entity.colour));
     if (entity.linetype != kByLayer)
       item("线型", "linetype", linetypeName(database_, entity.linetype));
@@ -61,8 +53,8 @@ class Listing {
     item("起点", "from", place(line.start));
     item("端点", "to", place(line.end));
     const Point3 way = line.end - line.start;
-    item("长度", "length", number(std::hypot(way.x, way.y, way.z)));
-    item("角度", "angle", angle(std::atan2(way.y, way.x)));
+    item("长度", "length", number(length(way)));
+    item("角度", "angle", angle(angleOf(flat(way))));
   }
   void geometry(const Point& point) { item("位置", "at", place(point.position)); }
   void geometry(const Circle& circle) {
@@ -98,6 +90,23 @@ class Listing {
       }
       item("顶点", "vertex", text);
     }
+  }
+  void geometry(const Polyline& polyline) {
+    if (polyline.form == Polyline::Form::Flat) return geometry(flatPolyline(database_, polyline));
+    item("状态", "form", (polyline.flags & 1) ? say("闭合", "closed") : say("打开", "open"));
+    for (const Handle handle : polyline.vertices) {
+      const auto* vertex = database_.find<Vertex>(handle);
+      if (vertex && vertex->form != Vertex::Form::Face)
+        item("顶点", "vertex", place(vertex->position));
+    }
+  }
+  void geometry(const Hatch& hatch) {
+    item("图案", "pattern", hatch.pattern);
+    if (!hatch.solid) {
+      item("比例", "scale", number(hatch.scale));
+      item("角度", "angle", angle(hatch.angle));
+    }
+    item("边界", "boundaries", std::to_string(hatch.paths.size()));
   }
   void textGeometry(const TextBase& text) {
     item("样式", "style", std::string(database_.recordName(text.style)));
@@ -156,7 +165,7 @@ class Listing {
     if (const int* whole = std::get_if<int>(&item.value)) return std::to_string(*whole);
     if (const double* real = std::get_if<double>(&item.value)) return number(*real);
     if (const auto* point = std::get_if<Point3>(&item.value)) return place(*point);
-    return hexadecimal(std::get<Handle>(item.value));
+    return base::formatHex(std::get<Handle>(item.value));
   }
 
   Session& session_;
@@ -176,9 +185,8 @@ void measure(Session& session) {
   const Answer b = askPoint(session, "\n指定第二点: ", "\nSecond point: ", a.point);
   if (!b.hasValue()) return;
   const Point3 way = b.point - a.point;
-  session.print("\n" + message(session, "距离 = ", "Distance = ") +
-                number(std::hypot(way.x, way.y, way.z)) +
-                message(session, "，角度 = ", ", angle = ") + angle(std::atan2(way.y, way.x)) +
+  session.print("\n" + message(session, "距离 = ", "Distance = ") + number(length(way)) +
+                message(session, "，角度 = ", ", angle = ") + angle(angleOf(flat(way))) +
                 ", dX = " + number(way.x) + ", dY = " + number(way.y) + ", dZ = " + number(way.z));
 }
 

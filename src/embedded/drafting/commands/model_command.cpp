@@ -12,14 +12,7 @@ constexpr std::string_view kSymbolApp = "TKSY";
 
 std::string firstText(const Database& database, const Entity& entity, std::string_view app) {
   const Handle record = database.findRecord(Table::AppIds, app);
-  const XData* data = record ? findXData(entity, record) : nullptr;
-  const auto items = data ? decodeXData(data->items) : std::nullopt;
-  if (!items) return {};
-  for (const XDataItem& item : *items) {
-    if (const auto* text = std::get_if<std::string>(&item.value); text && item.code == 1000)
-      return *text;
-  }
-  return {};
+  return record ? firstXDataText(entity, record) : "";
 }
 
 // False if the text is too long.

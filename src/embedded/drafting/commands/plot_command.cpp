@@ -1,7 +1,7 @@
 // PLOT: the drawing to a file. Asks for the sheet, the part of the drawing, colours and the file,
 // and leaves the work to drafting/plot.
-#include "embedded/base/text.h"
 #include "embedded/drafting/commands/ask.h"
+#include "embedded/drafting/documents/drawing_files.h"
 #include "embedded/drafting/plot/plot.h"
 
 namespace drafting {
@@ -13,13 +13,10 @@ class PlotCommand {
 
   void run() {
     if (!askPaper() || !askArea() || !askColours()) return;
-    const Answer file = session_.line.ask(
-        {.kind = Ask::Line,
-         .message = message(
-             session_, "\n输出文件 (.pdf、.svg、.png): ", "\nPlot to file (.pdf, .svg, .png): ")});
-    std::string path = file.hasValue() ? std::string(base::trim(file.text)) : "";
-    std::erase(path, '"');
+    const std::string path =
+        askPath(session_, "\n输出文件 (.pdf、.svg、.png): ", "\nPlot to file (.pdf, .svg, .png): ");
     if (path.empty()) return;
+    options_.drawingFolder = folderOfDrawing(session_.document().path);
     const base::Status status =
         plotDrawing(session_.database(), path, options_,
                     [this](std::string_view note) { session_.print("\n" + std::string(note)); });

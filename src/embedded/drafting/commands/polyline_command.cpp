@@ -7,7 +7,7 @@
 namespace drafting {
 namespace {
 
-double angleOf(Point2 v) { return std::atan2(v.y, v.x); }
+using base::angleOf;
 double half(double angle) { return std::remainder(angle, 2 * base::kPi) / 2; }
 
 class PolylineCommand {

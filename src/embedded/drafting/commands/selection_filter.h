@@ -15,9 +15,6 @@ struct SelectionFilter {
   std::string app;
 };
 
-// The name of the entity's kind in DXF; empty for one that isn't understood.
-std::string_view dxfName(const Entity& entity);
-
 // Entities of model space that pass, in creation order. With an application, or with type and
 // layer, the cost is that of the result.
 Selection selectAll(const Database& database, const SelectionFilter& filter);

@@ -64,11 +64,8 @@ class Stretcher {
     database_.willChange(arc);
     arc.centre = {piece.centre.x, piece.centre.y, arc.centre.z};
     arc.radius = piece.radius;
-    arc.startAngle = piece.start;
-    arc.endAngle = piece.start + sweep;
-    for (double* angle : {&arc.startAngle, &arc.endAngle}) {
-      *angle = std::fmod(*angle + 4 * base::kPi, 2 * base::kPi);
-    }
+    arc.startAngle = base::wrappedAngle(piece.start);
+    arc.endAngle = base::wrappedAngle(piece.start + sweep);
   }
 
   // Whole entities go with the point that they are placed by: a circle with its centre.

@@ -29,11 +29,7 @@ class WblockCommand {
   const Database& database() { return session_.database(); }
 
   bool askFile() {
-    const Answer answer = session_.line.ask(
-        {.kind = Ask::Line, .message = message(session_, "\n输出文件名: ", "\nOutput file: ")});
-    if (!answer.hasValue()) return false;
-    path_ = base::trim(answer.text);
-    std::erase(path_, '"');
+    path_ = askPath(session_, "\n输出文件名: ", "\nOutput file: ");
     if (path_.empty()) return false;
     if (!endsNoCase(path_, ".dwg") && !endsNoCase(path_, ".dxf")) path_ += ".dwg";
     return isNewFile() || mayReplace();

@@ -14,6 +14,7 @@
 
 namespace drafting {
 
+using base::Box2;
 using base::Point2;
 using base::Point3;
 
@@ -123,6 +124,16 @@ class Entity : public Object {
   std::uint8_t lineweight = kLineweightByLayer;  // index of the R2000 table
   bool invisible = false;
   std::uint16_t otherVisibility = 0;  // bits of the stored word that nobody knows
+
+  // Its layer, colour, linetype, lineweight and plot style.
+  void copyLook(const Entity& from) {
+    layer = from.layer;
+    linetype = from.linetype;
+    plotStyle = from.plotStyle;
+    linetypeScale = from.linetypeScale;
+    colour = from.colour;
+    lineweight = from.lineweight;
+  }
 
  protected:
   using Object::Object;

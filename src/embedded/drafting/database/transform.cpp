@@ -13,19 +13,8 @@ namespace drafting {
 namespace {
 
 constexpr double kSame = 1e-9;  // relative
-constexpr double kFullTurn = 2 * base::kPi;
-
-double dot(const Point3& a, const Point3& b) { return a.x * b.x + a.y * b.y + a.z * b.z; }
-double size(const Point3& v) { return std::hypot(v.x, v.y, v.z); }
-Point3 cross(const Point3& a, const Point3& b) {
-  return {a.y * b.z - a.z * b.y, a.z * b.x - a.x * b.z, a.x * b.y - a.y * b.x};
-}
-
-// An angle of the file formats: from 0 to a full turn.
-double wrapped(double angle) {
-  const double rest = std::remainder(angle, kFullTurn);
-  return rest < 0 ? rest + kFullTurn : rest;
-}
+using base::kFullTurn;
+using base::wrappedAngle;
 
 // From the plane of an old normal to that of the new one.
 struct PlaneMap {
@@ -43,7 +32,7 @@ struct PlaneMap {
   double angle(double old) const {
     if (map.a == 1 && map.b == 0 && map.c == 0 && map.d == 1) return old;
     const Point2 v = direction({std::cos(old), std::sin(old)});
-    return wrapped(std::atan2(v.y, v.x));
+    return wrappedAngle(angleOf(v));
   }
 };
 
@@ -51,7 +40,7 @@ std::optional<PlaneMap> planeMap(const Map3& map, const Point3& normal, double e
   const Map3 before = objectAxes(normal);
   const Point3 x = map.direction(before.x), y = map.direction(before.y);
   Point3 up = cross(x, y);
-  const double area = size(up);
+  const double area = length(up);
   if (!(area > 0) || !std::isfinite(area)) return {};
   up = up * (1 / area);
   PlaneMap out;
@@ -62,8 +51,8 @@ std::optional<PlaneMap> planeMap(const Map3& map, const Point3& normal, double e
   out.map = {dot(x, after.x), dot(x, after.y),      dot(y, after.x),
              dot(y, after.y), dot(origin, after.x), dot(origin, after.y)};
   out.elevation = dot(origin, after.z);
-  out.scale = size(x);
-  const double other = size(y);
+  out.scale = length(x);
+  const double other = length(y);
   out.uniform = std::abs(out.scale - other) <= kSame * (out.scale + other) &&
                 std::abs(dot(x, y)) <= kSame * out.scale * other;
   return out;
@@ -105,8 +94,8 @@ class Transformer {
     ellipse.normal = plane->normal;
     if (plane->flips) {
       const double start = ellipse.startAngle;
-      ellipse.startAngle = wrapped(kFullTurn - ellipse.endAngle);
-      ellipse.endAngle = wrapped(kFullTurn - start);
+      ellipse.startAngle = wrappedAngle(kFullTurn - ellipse.endAngle);
+      ellipse.endAngle = wrappedAngle(kFullTurn - start);
       if (ellipse.endAngle <= ellipse.startAngle) ellipse.endAngle += kFullTurn;
     }
     return true;
@@ -212,8 +201,8 @@ class Transformer {
     if (!plane || !plane->uniform) return false;
     text.position = map_(text.position);
     Point3 along = map_.direction(text.xDirection);
-    const double length = size(along);
-    if (length > 0) along = along * (size(text.xDirection) / length);
+    const double size = length(along);
+    if (size > 0) along = along * (length(text.xDirection) / size);
     if (plane->flips) {
       const bool back = dot(along, text.xDirection) < 0;
       if (back) along = along * -1;
@@ -241,7 +230,7 @@ class Transformer {
     insert.position = {at.x, at.y, plane->elevation};
     insert.rotation = plane->angle(insert.rotation);
     insert.scale = {insert.scale.x * width, insert.scale.y * height * side,
-                    insert.scale.z * size(map_.direction(objectAxes(insert.normal).z))};
+                    insert.scale.z * length(map_.direction(objectAxes(insert.normal).z))};
     insert.columnSpacing *= width;
     insert.rowSpacing *= height * side;
     insert.normal = plane->normal;
@@ -294,7 +283,7 @@ class Transformer {
     if (edge.form != Form::Arc) return;
     const double sweep = edge.endAngle - edge.startAngle;
     const double start = plane.angle(wasCounterClockwise ? edge.startAngle : -edge.startAngle);
-    edge.startAngle = wrapped(edge.counterClockwise ? start : -start);
+    edge.startAngle = wrappedAngle(edge.counterClockwise ? start : -start);
     edge.endAngle = edge.startAngle + sweep;
     edge.size *= plane.scale;
   }
@@ -305,7 +294,7 @@ class Transformer {
     constexpr std::int16_t kBackwards = 2, kUpsideDown = 4;
     const double turned = plane.angle(text.rotation);
     const bool back = std::cos(turned - text.rotation) < -kSame;
-    text.rotation = plane.flips && back ? wrapped(turned - base::kPi) : turned;
+    text.rotation = plane.flips && back ? wrappedAngle(turned - base::kPi) : turned;
     if (!plane.flips) return;
     if (!options_.readableTexts) {
       text.generation =
@@ -367,13 +356,13 @@ Map3 Map3::mirror(Point2 from, Point2 to) {
 }
 
 Map3 objectAxes(const Point3& normal) {
-  const double length = size(normal);
-  if (!(length > 0) || (normal.x == 0 && normal.y == 0 && normal.z > 0)) return {};
+  const double size = length(normal);
+  if (!(size > 0) || (normal.x == 0 && normal.y == 0 && normal.z > 0)) return {};
   constexpr double kNearZ = 1.0 / 64;
-  const Point3 n = normal * (1 / length);
+  const Point3 n = normal * (1 / size);
   const bool steep = std::abs(n.x) < kNearZ && std::abs(n.y) < kNearZ;
   Point3 x = cross(steep ? Point3{0, 1, 0} : Point3{0, 0, 1}, n);
-  x = x * (1 / size(x));
+  x = x * (1 / length(x));
   return {x, cross(n, x), n, {}};
 }
 

@@ -27,6 +27,12 @@ struct Map3 {
   static Map3 mirror(Point2 from, Point2 to);
 };
 
+// Of the points at this height, what the map does to their x and y.
+inline base::Affine2 seenFromAbove(const Map3& map, double elevation) {
+  const Point3 origin = map({0, 0, elevation});
+  return {map.x.x, map.x.y, map.y.x, map.y.y, origin.x, origin.y};
+}
+
 // The axes of the object coordinates that belong to a normal (z is the normal, of length 1).
 Map3 objectAxes(const Point3& normal);
 

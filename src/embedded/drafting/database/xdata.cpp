@@ -190,6 +190,17 @@ const XData* findXData(const Object& object, Handle app) {
   return nullptr;
 }
 
+std::string firstXDataText(const Object& object, Handle app) {
+  const XData* data = findXData(object, app);
+  const auto items = data ? decodeXData(data->items) : std::nullopt;
+  if (!items) return {};
+  for (const XDataItem& item : *items) {
+    if (const auto* text = std::get_if<std::string>(&item.value); text && item.code == 1000)
+      return *text;
+  }
+  return {};
+}
+
 int drawingCodePage(int windowsPage) {
   if (windowsPage == 936) return 39;  // 31 is an older name of the same page
   for (const auto& [number, page] : kCodePages) {

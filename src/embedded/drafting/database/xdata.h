@@ -38,6 +38,9 @@ std::optional<std::string> encodeXData(const std::vector<XDataItem>& items, int 
 // The object's data of one application; null if it has none.
 const XData* findXData(const Object& object, Handle app);
 
+// The first text of the object's data of that application; empty without one.
+std::string firstXDataText(const Object& object, Handle app);
+
 // Replaces the handles that 1003 and 1005 items hold, in place: handle = map(code, handle).
 // False if the bytes are no extended data.
 template <class F>

@@ -7,7 +7,7 @@
 namespace drafting {
 namespace {
 
-constexpr double kFullTurn = 2 * base::kPi;
+using base::kFullTurn;
 constexpr int kUsualPieces = 64, kFewestPieces = 12, kMostPieces = 720;  // of a full circle
 constexpr double kLongestMitre = 4;                                      // in half widths
 
@@ -223,7 +223,7 @@ void appendBulge(Path& path, Point2 from, Point2 to, double bulge, double tolera
     const Point2 middle = (from + to) * 0.5;
     const double aside = radius * std::cos(sweep / 2) * (bulge > 0 ? 1 : -1);
     const Point2 centre = middle + leftOf(directionOf(from, to)) * aside;
-    const double start = std::atan2(from.y - centre.y, from.x - centre.x);
+    const double start = base::angleOf(from - centre);
     const int pieces = piecesOf(radius, sweep, tolerance);
     for (int i = 1; i < pieces; ++i) {
       path.push_back(base::polar(centre, start + sweep * i / pieces, radius));

@@ -3,14 +3,16 @@
 #include <array>
 #include <cmath>
 
+#include "embedded/drafting/database/old_polylines.h"
 #include "embedded/drafting/database/packed_groups.h"
+#include "embedded/drafting/database/transform.h"
 #include "embedded/drafting/database/type_names.h"
 #include "embedded/drafting/database/visit.h"
 #include "embedded/drafting/display/curves.h"
 #include "embedded/drafting/display/display_list.h"
 #include "embedded/drafting/display/hatching.h"
 #include "embedded/drafting/display/mtext_layout.h"
-#include "embedded/drafting/display/old_polylines.h"
+#include "embedded/drafting/display/style_fonts.h"
 #include "embedded/drafting/display/text_layout.h"
 
 namespace drafting {
@@ -20,7 +22,7 @@ constexpr int kDeepestNesting = 32;
 constexpr std::int16_t kForeground = 7;
 constexpr int kDefaultLineweight = 25;
 constexpr int kByLayerWeight = -1, kByBlockWeight = -2;
-constexpr double kFullTurn = 2 * base::kPi;
+using base::kFullTurn;
 
 // What a block's content takes from the INSERT that shows it.
 struct Surroundings {
@@ -32,22 +34,9 @@ struct Surroundings {
   int depth = 0;
 };
 
-Point2 flat(const Point3& p) { return {p.x, p.y}; }
-
 // From object coordinates at a height to the drawing, seen from above.
 Affine2 objectPlane(const Point3& normal, double elevation) {
-  const double size = std::hypot(normal.x, normal.y, normal.z);
-  if (!(size > 0) || (normal.x == 0 && normal.y == 0 && normal.z > 0)) return {};
-  const Point3 n = normal * (1 / size);
-  constexpr double kNearZ = 1.0 / 64;
-  const auto cross = [](const Point3& a, const Point3& b) {
-    return Point3{a.y * b.z - a.z * b.y, a.z * b.x - a.x * b.z, a.x * b.y - a.y * b.x};
-  };
-  const bool near = std::abs(n.x) < kNearZ && std::abs(n.y) < kNearZ;
-  Point3 x = cross(near ? Point3{0, 1, 0} : Point3{0, 0, 1}, n);
-  x = x * (1 / std::hypot(x.x, x.y, x.z));
-  const Point3 y = cross(n, x);
-  return {x.x, x.y, y.x, y.y, n.x * elevation, n.y * elevation};
+  return seenFromAbove(objectAxes(normal), elevation);
 }
 
 // Whether one can reckon on with the point. Damaged drawings have coordinates of any size.
@@ -257,15 +246,13 @@ class ListBuilder {
   }
 
   TextFont findFont(Handle handle) {
-    const auto* style = database_.find<TextStyle>(handle);
-    if (!style) return {};
-    FontLibrary& library = options_.fonts ? *options_.fonts : FontLibrary::shared();
     std::vector<std::string> notes;
-    TextFont font = library.find(style->font, style->bigFont, options_.drawingFolder, &notes);
+    TextFont font = fontOfStyle(database_, handle, source(), &notes);
     list_.fontNotes_.insert(notes.begin(), notes.end());
-    font.codePage = database_.codePage;
-    font.vertical = style->vertical;
     return font;
+  }
+  FontSource source() const {
+    return {options_.fonts ? *options_.fonts : FontLibrary::shared(), options_.drawingFolder};
   }
 
   // A step of a font's shape is far cheaper than an entity.
@@ -368,13 +355,9 @@ class ListBuilder {
   void show(const Attdef& definition) { showText(definition, definition.tag); }
 
   void show(const MText& text) {
-    ParagraphStyle style;
-    style.font = fontOf(text.style);
+    ParagraphStyle style = paragraphStyle(database_, text.style, fontOf(text.style), source());
     style.tolerance = tolerance();
-    if (const auto* record = database_.find<TextStyle>(text.style)) {
-      if (record->widthFactor > 0) style.widthFactor = record->widthFactor;
-      style.oblique = record->oblique;
-    }
+    if (options_.font) style.fontNamed = nullptr;
     for (const PlacedLine& placed : layOutParagraph(text, style)) {
       if (!payFor(placed.line)) return;
       const std::int16_t own = look_.colour;

@@ -93,11 +93,13 @@ class Wrapper {
     constexpr std::size_t kMostSteps = 4'000'000;
     if (steps_ > kMostSteps) return 0;
     const double scale = run.look.height * run.look.width * style_.widthFactor;
-    if (!run.isFraction) return measure(run.text) * scale;
-    return (std::max(measure(run.text), measure(run.below)) * kSmall + 2 * kBarGap) * scale;
+    const TextFont font = style_.fontOf(run.look.font);
+    if (!run.isFraction) return measure(run.text, font) * scale;
+    const double advance = std::max(measure(run.text, font), measure(run.below, font));
+    return (advance * kSmall + 2 * kBarGap) * scale;
   }
-  double measure(const std::string& text) {
-    const TextLine line = layOutLine(text, style_.font);
+  double measure(const std::string& text, const TextFont& font) {
+    const TextLine line = layOutLine(text, font);
     steps_ += line.steps;
     return line.advance;
   }
@@ -128,7 +130,7 @@ class Placer {
       if (part.run.isFraction) {
         putFraction(part, place, width);
       } else {
-        placed_.push_back({lineOf(part.run), place, look.colour});
+        putRun(part.run, place);
       }
       x += part.advance;
     }
@@ -136,32 +138,40 @@ class Placer {
   std::vector<PlacedLine> placed() { return std::move(placed_); }
 
  private:
-  TextLine lineOf(const TextRun& run) const {
+  TextLine lineOf(const std::string& text, const RunLook& look) const {
+    return layOutLine(text, style_.fontOf(look.font), tolerance_);
+  }
+
+  void putRun(const TextRun& run, const Affine2& place) {
     std::string text = run.text;
     if (run.look.underline) text.insert(0, "%%u");
     if (run.look.overline) text.insert(0, "%%o");
-    TextLine line = layOutLine(text, style_.font, tolerance_);
-    if (run.look.strike) line.strokes.push_back({{0, 0.5}, {line.advance, 0.5}});
-    return line;
+    TextLine line = lineOf(text, run.look);
+    const double advance = line.advance;
+    placed_.push_back({std::move(line), place, run.look.colour, std::move(text)});
+    if (run.look.strike) putStroke({0, 0.5}, {advance, 0.5}, "", place, run.look);
   }
 
   void putFraction(const Part& part, const Affine2& place, double width) {
-    TextLine above = layOutLine(part.run.text, style_.font, tolerance_);
-    TextLine below = layOutLine(part.run.below, style_.font, tolerance_);
+    const RunLook& look = part.run.look;
+    TextLine above = lineOf(part.run.text, look), below = lineOf(part.run.below, look);
     const double size = width > 0 ? part.advance / width : 0;  // both and the gaps beside them
-    const double aboveAt = (size - above.advance * kSmall) / 2;
     const Affine2 shrunk = Affine2::scaling(kSmall, kSmall);
-    if (part.run.hasBar) {  // drawn with what stands above it
-      const double y = -kBarGap / kSmall;
-      above.strokes.push_back({{-aboveAt / kSmall, y}, {(size - aboveAt) / kSmall, y}});
-      above.plain += '/';
-    }
-    placed_.push_back({std::move(above),
-                       place * Affine2::translation({aboveAt, kBarHeight + kBarGap}) * shrunk,
-                       part.run.look.colour});
+    const Point2 over{(size - above.advance * kSmall) / 2, kBarHeight + kBarGap};
     const Point2 under{(size - below.advance * kSmall) / 2, kBarHeight - kBarGap - kSmall};
-    placed_.push_back(
-        {std::move(below), place * Affine2::translation(under) * shrunk, part.run.look.colour});
+    placed_.push_back({std::move(above), place * Affine2::translation(over) * shrunk, look.colour,
+                       part.run.text});
+    if (part.run.hasBar) putStroke({0, kBarHeight}, {size, kBarHeight}, "/", place, look);
+    placed_.push_back({std::move(below), place * Affine2::translation(under) * shrunk, look.colour,
+                       part.run.below});
+  }
+
+  void putStroke(Point2 from, Point2 to, std::string plain, const Affine2& place,
+                 const RunLook& look) {
+    TextLine line;
+    line.strokes.push_back({from, to});
+    line.plain = std::move(plain);
+    placed_.push_back({std::move(line), place, look.colour, {}});
   }
 
   const ParagraphStyle& style_;

@@ -1,8 +1,8 @@
 // Codes: \P new line, \~ blank that doesn't break, \\ \{ \} the signs themselves, { } a part whose
 // looks end with it, \L \O \K under-, over- and strike line on (small: off), \H height (with x:
 // times the present one), \W width, \Q oblique angle, \C colour, \S fraction, \p paragraph (q:
-// alignment), \f \F \T \A passed over. Codes with values end with a semicolon. ^I is a tabulator,
-// ^J a new line.
+// alignment), \F shape fonts, \f \T \A passed over. Codes with values end with a semicolon. ^I is a
+// tabulator, ^J a new line.
 #include "embedded/drafting/display/mtext_runs.h"
 
 #include <algorithm>
@@ -78,6 +78,8 @@ class RunReader {
       case 'Q': look.oblique = obliqueOf(argument()); break;
       case 'C':
       case 'c': look.colour = colourOf(argument(), code); break;
+      case 'F': look.font = argument(); break;
+      case 'f': argument(), look.font.clear(); break;  // an outline font: the style's stands for it
       case 'p': return paragraph(argument());
       default: argument(); return;
     }

@@ -13,6 +13,7 @@ struct RunLook {
   double width = 1;          // times the style's width factor
   double oblique = 0;        // radians, beyond the style's
   std::int16_t colour = -1;  // index; -1: the paragraph's
+  std::string font;  // files of a shape font and a big font, "txt,gbcbig"; empty: the style's
   bool underline = false, overline = false, strike = false;
   friend bool operator==(const RunLook&, const RunLook&) = default;
 };

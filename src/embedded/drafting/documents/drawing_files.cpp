@@ -35,6 +35,12 @@ base::Result<std::unique_ptr<Database>> readDrawing(const std::string& path, con
   return database;
 }
 
+std::filesystem::path folderOfDrawing(const std::string& path) {
+  if (path.empty()) return {};
+  const auto folder = base::resolvePath(base::wideFromUtf8(path)).parent_path();
+  return folder.empty() ? "." : folder;
+}
+
 std::string drawingLosses(const Database& database, const std::string& path) {
   switch (formOf(path)) {
     case Form::Dwg: return dwgLosses(database);

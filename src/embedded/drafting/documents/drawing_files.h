@@ -1,6 +1,7 @@
 // Drawings from and to files by their extension: .dwg and .dxf.
 #pragma once
 
+#include <filesystem>
 #include <functional>
 #include <memory>
 #include <string>
@@ -16,6 +17,9 @@ using Note = std::function<void(std::string_view)>;
 
 // `path` is UTF-8, in the notation of either system.
 base::Result<std::unique_ptr<Database>> readDrawing(const std::string& path, const Note& note = {});
+
+// Where a drawing's fonts are looked for first; empty for the path of a drawing never saved.
+std::filesystem::path folderOfDrawing(const std::string& path);
 
 // What the form of file that `path` names can't hold of the drawing, as "2 DIMENSION, 1 SPLINE".
 // Empty if nothing would be lost.

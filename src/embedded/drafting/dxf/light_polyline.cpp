@@ -2,23 +2,20 @@
 
 #include <algorithm>
 
+#include "embedded/drafting/database/old_polylines.h"
+
 namespace drafting {
 namespace {
 
 constexpr int kFitted = 2 | 4;
 
-void copyCommon(const Entity& from, Entity& to) {
+// What makes it the same object in the drawing.
+void takePlace(const Entity& from, Entity& to) {
   to.handle = from.handle;
   to.owner = from.owner;
   to.extension = from.extension;
   to.reactors = from.reactors;
   to.xdata = from.xdata;
-  to.layer = from.layer;
-  to.linetype = from.linetype;
-  to.plotStyle = from.plotStyle;
-  to.linetypeScale = from.linetypeScale;
-  to.colour = from.colour;
-  to.lineweight = from.lineweight;
   to.invisible = from.invisible;
 }
 
@@ -39,20 +36,12 @@ void simplify(LwPolyline& line) {
 
 std::unique_ptr<LwPolyline> lightPolyline(const Database& database, const Polyline& polyline) {
   if (polyline.form != Polyline::Form::Flat || (polyline.flags & kFitted) != 0) return nullptr;
-  auto line = std::make_unique<LwPolyline>();
-  copyCommon(polyline, *line);
-  line->closed = (polyline.flags & 1) != 0;
-  line->continuousPattern = (polyline.flags & 128) != 0;
-  line->elevation = polyline.elevation;
-  line->thickness = polyline.thickness;
-  line->normal = polyline.normal;
   for (const Handle handle : polyline.vertices) {
     const auto* vertex = database.find<Vertex>(handle);
     if (!vertex || !vertex->xdata.empty() || vertex->extension != 0) return nullptr;
-    line->points.push_back({vertex->position.x, vertex->position.y});
-    line->bulges.push_back(vertex->bulge);
-    line->widths.push_back({vertex->startWidth, vertex->endWidth});
   }
+  auto line = std::make_unique<LwPolyline>(flatPolyline(database, polyline));
+  takePlace(polyline, *line);
   simplify(*line);
   return line;
 }

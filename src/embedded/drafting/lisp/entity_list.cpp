@@ -1,7 +1,7 @@
 #include "embedded/drafting/lisp/entity_list.h"
 
 #include "embedded/base/numbers.h"
-#include "embedded/drafting/commands/selection_filter.h"
+#include "embedded/drafting/database/type_names.h"
 #include "embedded/drafting/database/xdata.h"
 
 namespace drafting::lisp {
@@ -11,15 +11,6 @@ using Items = std::vector<Value>;
 
 Value group(int code, Value value) { return Value::cons(code, std::move(value)); }
 Value group(int code, const Point3& point) { return Value::cons(code, fromPoint(point)); }
-
-std::string hexadecimal(Handle handle) {
-  std::string out;
-  do {
-    out.insert(out.begin(), "0123456789ABCDEF"[handle & 15]);
-    handle >>= 4;
-  } while (handle);
-  return out;
-}
 
 void addText(const TextBase& text, Items& items) {
   items.push_back(group(10, Point3{text.position.x, text.position.y, text.elevation}));
@@ -57,6 +48,23 @@ void addGeometry(const Database& database, const Entity& entity, Items& items) {
     addText(*text, items);
   } else if (const auto* polyline = dynamic_cast<const LwPolyline*>(&entity)) {
     addPolyline(*polyline, items);
+  } else if (const auto* ellipse = dynamic_cast<const Ellipse*>(&entity)) {
+    items.push_back(group(10, ellipse->centre));
+    items.push_back(group(11, ellipse->majorAxis));
+    items.push_back(group(40, ellipse->ratio));
+    items.push_back(group(41, ellipse->startAngle));
+    items.push_back(group(42, ellipse->endAngle));
+  } else if (const auto* solid = dynamic_cast<const Solid*>(&entity)) {
+    int code = 10;
+    for (const Point2 corner : solid->corners)
+      items.push_back(group(code++, Point3{corner.x, corner.y, solid->elevation}));
+  } else if (const auto* paragraph = dynamic_cast<const MText*>(&entity)) {
+    items.push_back(group(1, paragraph->text));
+    items.push_back(group(10, paragraph->position));
+    items.push_back(group(11, paragraph->xDirection));
+    items.push_back(group(40, paragraph->height));
+    items.push_back(group(41, paragraph->width));
+    items.push_back(group(71, static_cast<int>(paragraph->attachment)));
   } else if (const auto* insert = dynamic_cast<const Insert*>(&entity)) {
     items.push_back(group(2, std::string(database.recordName(insert->block))));
     items.push_back(group(10, insert->position));
@@ -72,7 +80,7 @@ Value itemValue(const XDataItem& item) {
   if (const int* whole = std::get_if<int>(&item.value)) return *whole;
   if (const double* real = std::get_if<double>(&item.value)) return *real;
   if (const auto* point = std::get_if<Point3>(&item.value)) return fromPoint(*point);
-  return hexadecimal(std::get<Handle>(item.value));
+  return base::formatHex(std::get<Handle>(item.value));
 }
 
 // (-3 ("APP" (1000 . "text") ...) ...)
@@ -95,8 +103,8 @@ Value makeEntityList(const Database& database, Handle handle) {
   if (!entity) return {};
   Items items;
   items.push_back(group(-1, EntityName{handle}));
-  items.push_back(group(0, std::string(dxfName(*entity))));
-  items.push_back(group(5, hexadecimal(handle)));
+  items.push_back(group(0, std::string(typeName(database, *entity))));
+  items.push_back(group(5, base::formatHex(handle)));
   items.push_back(group(8, std::string(database.recordName(entity->layer))));
   if (entity->colour != kColourByLayer)
     items.push_back(group(62, static_cast<int>(entity->colour)));

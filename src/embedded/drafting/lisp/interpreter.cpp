@@ -106,6 +106,10 @@ Value Interpreter::failArgument(const Value& argument, std::string_view wanted) 
               std::string(wanted) + " " + print(argument));
 }
 
+Value Interpreter::failCancelled() {
+  return fail(std::string(session_.say("函数被取消", "function cancelled")));
+}
+
 Value Interpreter::eval(const Value& expression) {
   if (const auto* symbol = expression.symbol()) return get(symbol->name);
   if (!expression.pair()) return expression;
@@ -113,7 +117,7 @@ Value Interpreter::eval(const Value& expression) {
   if (depth_ >= kMaxDepth) {
     return fail(std::string(session_.say("嵌套太深", "nested too deeply")));
   }
-  if (interrupted()) return fail(std::string(session_.say("函数被取消", "function cancelled")));
+  if (interrupted()) return failCancelled();
   struct Deeper {
     explicit Deeper(int& depth) : depth(depth) { ++depth; }
     ~Deeper() { --depth; }

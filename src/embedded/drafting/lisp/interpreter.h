@@ -45,6 +45,7 @@ class Interpreter {
   Value progn(const Value& body);        // a list of expressions
   Value fail(std::string reason);        // the result is nil
   Value failAgain(std::string message);  // with the whole message of an inner evaluation
+  Value failCancelled();                 // the user has cancelled it
   Value failArgument(const Value& argument, std::string_view wanted);
   bool failed() const { return !error_.empty(); }
   std::string takeError() { return std::exchange(error_, {}); }

@@ -26,17 +26,13 @@ bool takeOptions(Interpreter& lisp, const Arguments& a, Prompt& prompt) {
   return true;
 }
 
-Value cancelled(Interpreter& lisp) {
-  return lisp.fail(std::string(lisp.session().say("函数被取消", "function cancelled")));
-}
-
 // Asks with the keywords of the last initget; a keyword comes as its text, Enter as nil.
 template <class F>
 Value ask(Interpreter& lisp, const Arguments& a, Ask kind, F valueOf) {
   Prompt prompt{.kind = kind};
   if (!takeOptions(lisp, a, prompt)) return {};
   const Answer answer = lisp.session().line.askArmed(prompt);
-  if (answer.cancelled()) return cancelled(lisp);
+  if (answer.cancelled()) return lisp.failCancelled();
   if (answer.outcome == drafting::Outcome::Keyword) return answer.text;
   return answer.entered() ? Value() : valueOf(answer);
 }
@@ -78,7 +74,7 @@ Value getMeasure(Interpreter& lisp, const Arguments& a, Ask kind) {
                   .needsAnswer = true};
     answer = lisp.session().line.ask(second);
   }
-  if (answer.cancelled()) return cancelled(lisp);
+  if (answer.cancelled()) return lisp.failCancelled();
   if (answer.outcome == drafting::Outcome::Keyword) return answer.text;
   return answer.entered() ? Value() : Value(answer.number);
 }
@@ -98,7 +94,7 @@ Value getString(Interpreter& lisp, const Arguments& a) {
   if (!a.empty() && a.back().text()) prompt.message = *a.back().text();
   if (a.size() == 2 && !a[1].text()) return lisp.failArgument(a[1], "stringp");
   const Answer answer = lisp.session().line.ask(prompt);
-  return answer.cancelled() ? cancelled(lisp) : Value(answer.text);
+  return answer.cancelled() ? lisp.failCancelled() : Value(answer.text);
 }
 
 // (entsel [message]): a list of entity and point; nil if nothing was hit.
@@ -109,7 +105,7 @@ Value selectEntity(Interpreter& lisp, const Arguments& a) {
   if (!a.empty() && !textOf(lisp, a[0])) return {};
   if (!a.empty()) prompt.message = *a[0].text();
   const Answer answer = session.line.askArmed(prompt);
-  if (answer.cancelled()) return cancelled(lisp);
+  if (answer.cancelled()) return lisp.failCancelled();
   if (answer.outcome == drafting::Outcome::Keyword) return answer.text;
   if (answer.entered()) return {};
   const Handle hit = answer.selection.empty() ? entityAt(session.database(), session.index(),

@@ -219,7 +219,7 @@ std::optional<Selection> byMode(Session& session, const std::string& mode, const
 Value askUser(Interpreter& lisp, const Value& filter) {
   Session& session = lisp.session();
   auto selection = askSelection(session, {.lockedToo = true});
-  if (!selection) return lisp.fail(std::string(session.say("函数被取消", "function cancelled")));
+  if (!selection) return lisp.failCancelled();
   if (!filterOut(session.database(), filter, *selection)) return badFilter(lisp, filter);
   return keep(session, std::move(*selection));
 }

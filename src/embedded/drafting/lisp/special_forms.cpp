@@ -99,9 +99,7 @@ Value whileForm(Interpreter& lisp, const Arguments& written) {
   if (written.empty()) return tooFew(lisp);
   Value value;
   while (true) {
-    if (lisp.interrupted()) {
-      return lisp.fail(std::string(lisp.session().say("函数被取消", "function cancelled")));
-    }
+    if (lisp.interrupted()) return lisp.failCancelled();
     const bool goOn = lisp.eval(written[0]).isTrue();
     if (lisp.failed() || !goOn) return lisp.failed() ? Value() : value;
     for (std::size_t i = 1; i < written.size() && !lisp.failed(); ++i)
@@ -117,9 +115,7 @@ Value repeat(Interpreter& lisp, const Arguments& written) {
   if (!count) return {};
   Value value;
   for (int n = 0; n < *count && !lisp.failed(); ++n) {
-    if (lisp.interrupted()) {
-      return lisp.fail(std::string(lisp.session().say("函数被取消", "function cancelled")));
-    }
+    if (lisp.interrupted()) return lisp.failCancelled();
     for (std::size_t i = 1; i < written.size() && !lisp.failed(); ++i)
       value = lisp.eval(written[i]);
   }

@@ -7,9 +7,9 @@
 #include <unordered_map>
 #include <unordered_set>
 
+#include "embedded/base/box_index.h"
 #include "embedded/drafting/database/database.h"
 #include "embedded/drafting/display/display_list.h"
-#include "embedded/drafting/picking/box_index.h"
 
 namespace drafting {
 
@@ -42,7 +42,7 @@ class EntityIndex : public ChangeWatcher {
 
   Database& database_;
   std::unique_ptr<EntityPictures> pictures_;
-  BoxIndex boxes_;
+  base::BoxIndex boxes_;
   bool built_ = false;
   std::unordered_set<Handle> changed_, changedBlocks_, changedLayers_;
   std::unordered_map<Handle, bool> hiddenLayers_;

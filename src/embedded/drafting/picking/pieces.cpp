@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cmath>
 
+#include "embedded/drafting/database/old_polylines.h"
 #include "embedded/drafting/database/transform.h"
 #include "embedded/drafting/database/visit.h"
 #include "embedded/drafting/display/curves.h"
@@ -10,19 +11,13 @@
 namespace drafting {
 namespace {
 
-constexpr double kFullTurn = 2 * base::kPi;
+using base::angleOf;
+using base::kFullTurn;
+using base::wrappedAngle;
+
 constexpr double kHair = 1e-9;
 constexpr int kDeepestNesting = 16;
 constexpr std::size_t kMostPieces = 100000;
-
-double cross(Point2 a, Point2 b) { return a.x * b.y - a.y * b.x; }
-double dot(Point2 a, Point2 b) { return a.x * b.x + a.y * b.y; }
-double angleOf(Point2 v) { return std::atan2(v.y, v.x); }
-
-double wrapped(double angle) {
-  const double rest = std::fmod(angle, kFullTurn);
-  return rest < 0 ? rest + kFullTurn : rest;
-}
 
 std::vector<Point2> lineAndLine(const Piece& a, const Piece& b) {
   const Point2 u = a.to - a.from, v = b.to - b.from;
@@ -69,14 +64,11 @@ class Collector {
   }
 
  private:
-  static Point2 flat(const Point3& p) { return {p.x, p.y}; }
   bool roomy() const { return result.pieces.size() < kMostPieces; }
 
   // From an entity's object coordinates at a height to the plane of the drawing.
   static base::Affine2 plane(const Map3& map, const Point3& normal, double elevation) {
-    const Map3 axes = map * objectAxes(normal);
-    const Point3 o = axes({0, 0, elevation});
-    return {axes.x.x, axes.x.y, axes.y.x, axes.y.y, o.x, o.y};
+    return seenFromAbove(map * objectAxes(normal), elevation);
   }
 
   void put(const Piece& piece) {
@@ -138,6 +130,11 @@ class Collector {
         put(Piece::line(to(piece.from), to(piece.to)));
       }
     }
+  }
+  void take(const Polyline& polyline, const Map3& map, int depth) {
+    if (polyline.form == Polyline::Form::Flat)
+      return take(flatPolyline(database_, polyline), map, depth);
+    for (const Path& path : spacePaths(database_, polyline)) putPath(path, seenFromAbove(map, 0));
   }
   void take(const TextBase& text, const Map3& map, int) {
     const bool plain = text.horizontal == 0 && text.vertical == 0;
@@ -216,7 +213,7 @@ double Piece::where(Point2 point) const {
     return square > 0 ? dot(point - from, way) / square : 0;
   }
   const double turned = angleOf(point - centre) - start;
-  double on = wrapped(sweep < 0 ? -turned : turned);
+  double on = wrappedAngle(sweep < 0 ? -turned : turned);
   if (kFullTurn - on < kHair) on = 0;
   return on / std::abs(sweep);
 }

@@ -4,10 +4,11 @@
 #include <span>
 #include <vector>
 
-#include "embedded/drafting/picking/box_index.h"
+#include "embedded/base/geometry.h"
 
 namespace drafting {
 
+using base::Box2;
 using base::Point2;
 
 bool segmentsMeet(Point2 a, Point2 b, Point2 c, Point2 d);

@@ -364,22 +364,45 @@ TEST_F(Texts, ParagraphsColourIsThatOfItsStrokes) {
 TEST(Paragraphs, UnderAndStrikeLinesAreStrokes) {
   const auto plain = layOutParagraph(paragraphOf("I"));
   const auto lines = layOutParagraph(paragraphOf("\\LI\\l\\KI\\k\\OI"));
-  ASSERT_EQ(lines.size(), 3u);
-  for (const PlacedLine& line : lines) {
-    EXPECT_EQ(line.line.strokes.size(), plain[0].line.strokes.size() + 1);
+  ASSERT_EQ(lines.size(), 4u);
+  for (const std::size_t withLine : {0u, 3u}) {
+    EXPECT_EQ(lines[withLine].line.strokes.size(), plain[0].line.strokes.size() + 1);
   }
-  EXPECT_EQ(lines[1].line.strokes.back()[0], (Point2{0, 0.5}));
+  EXPECT_EQ(lines[1].line.strokes.size(), plain[0].line.strokes.size());
+  ASSERT_EQ(lines[2].line.strokes.size(), 1u) << "the strike line by itself";
+  EXPECT_EQ(lines[2].line.strokes[0],
+            (std::vector<Point2>{{0, 0.5}, {lines[1].line.advance, 0.5}}));
+  expectNear(lines[2].place({0, 0}), lines[1].place({0, 0}));
+  EXPECT_EQ(lines[2].content, "");
 }
 
 TEST(Paragraphs, FractionsStandAboveAndBelow) {
   const auto lines = layOutParagraph(paragraphOf("\\S1/22;I"));
-  ASSERT_EQ(lines.size(), 3u);
-  EXPECT_GT(lines[0].place({0, 0}).y, lines[1].place({0, 1}).y);
-  EXPECT_EQ(lines[0].line.plain + lines[1].line.plain, "1/22");
-  const auto bar = lines[0].line.strokes.back();
-  EXPECT_EQ(bar[0].y, bar[1].y);
-  const auto without = layOutParagraph(paragraphOf("\\S1^22;"));
-  EXPECT_EQ(without[0].line.strokes.size() + 1, lines[0].line.strokes.size());
+  ASSERT_EQ(lines.size(), 4u);
+  EXPECT_GT(lines[0].place({0, 0}).y, lines[2].place({0, 1}).y);
+  EXPECT_EQ(lines[0].line.plain + lines[1].line.plain + lines[2].line.plain, "1/22");
+  const auto bar = lines[1].line.strokes.at(0);
+  const Point2 left = lines[1].place(bar[0]), right = lines[1].place(bar[1]);
+  EXPECT_EQ(left.y, right.y);
+  EXPECT_GT(lines[0].place({0, 0}).y, left.y);
+  EXPECT_GT(left.y, lines[2].place({0, 1}).y);
+  EXPECT_LT(left.x, lines[2].place({0, 0}).x);
+  EXPECT_GT(right.x, lines[2].place({lines[2].line.advance, 0}).x);
+  EXPECT_EQ(layOutParagraph(paragraphOf("\\S1^22;")).size(), 2u) << "without a bar";
+}
+
+TEST(Paragraphs, RunsInOtherShapeFontsAskForThemByName) {
+  std::vector<std::string> asked;
+  ParagraphStyle style;
+  style.fontNamed = [&asked](std::string_view names) {
+    asked.emplace_back(names);
+    return TextFont{};
+  };
+  const auto lines = layOutParagraph(paragraphOf("I{\\Fromans,gbcbig;I\\fSimSun|b0;I}I"), style);
+  ASSERT_EQ(lines.size(), 3u) << "an outline font stands in the style's";
+  EXPECT_EQ(lines[0].line.plain + lines[1].line.plain + lines[2].line.plain, "IIII");
+  ASSERT_FALSE(asked.empty());
+  for (const std::string& names : asked) EXPECT_EQ(names, "romans,gbcbig");
 }
 
 TEST(Paragraphs, AlignmentOfALineOverridesTheAttachment) {

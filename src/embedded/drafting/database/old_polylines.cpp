@@ -1,9 +1,11 @@
-#include "embedded/drafting/display/old_polylines.h"
+#include "embedded/drafting/database/old_polylines.h"
 
 #include <cstdlib>
 
 namespace drafting {
 namespace {
+
+using Path = std::vector<Point2>;
 
 constexpr int kClosed = 1, kFitted = 4, kClosedAcross = 32;
 constexpr int kOfFrame = 16, kOfSurface = 64;  // of vertices
@@ -17,11 +19,11 @@ std::vector<const Vertex*> shownVertices(const Database& database, const Polylin
   return shown;
 }
 
-Point2 flat(const Vertex& vertex) { return {vertex.position.x, vertex.position.y}; }
+Point2 placeOf(const Vertex& vertex) { return base::flat(vertex.position); }
 
 Path wayOf(const std::vector<const Vertex*>& vertices, bool closed) {
   Path path;
-  for (const Vertex* vertex : vertices) path.push_back(flat(*vertex));
+  for (const Vertex* vertex : vertices) path.push_back(placeOf(*vertex));
   if (closed && path.size() > 2) path.push_back(path.front());
   return path;
 }
@@ -71,7 +73,7 @@ std::vector<Path> polyfacePaths(const std::vector<const Vertex*>& vertices) {
       const auto from = static_cast<std::size_t>(std::abs(face->corners[i]));
       const auto to = static_cast<std::size_t>(std::abs(face->corners[(i + 1) % sides]));
       if (face->corners[i] < 0 || from > corners.size() || to > corners.size()) continue;
-      paths.push_back({flat(*corners[from - 1]), flat(*corners[to - 1])});
+      paths.push_back({placeOf(*corners[from - 1]), placeOf(*corners[to - 1])});
     }
   }
   return paths;
@@ -81,10 +83,14 @@ std::vector<Path> polyfacePaths(const std::vector<const Vertex*>& vertices) {
 
 LwPolyline flatPolyline(const Database& database, const Polyline& polyline) {
   LwPolyline line;
+  line.copyLook(polyline);
+  line.elevation = polyline.elevation;
+  line.thickness = polyline.thickness;
+  line.normal = polyline.normal;
   line.closed = (polyline.flags & kClosed) != 0;
   line.continuousPattern = (polyline.flags & 128) != 0;
   for (const Vertex* vertex : shownVertices(database, polyline)) {
-    line.points.push_back(flat(*vertex));
+    line.points.push_back(placeOf(*vertex));
     line.bulges.push_back(vertex->bulge);
     line.widths.push_back({vertex->startWidth, vertex->endWidth});
   }

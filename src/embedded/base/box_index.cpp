@@ -1,8 +1,8 @@
-#include "embedded/drafting/picking/box_index.h"
+#include "embedded/base/box_index.h"
 
 #include <algorithm>
 
-namespace drafting {
+namespace base {
 namespace {
 
 // Cells of one unit are the smallest: what is smaller shares them.
@@ -22,21 +22,21 @@ std::int64_t BoxIndex::column(double coordinate, int level) {
   return static_cast<std::int64_t>(std::clamp(at, -kFarthestColumn, kFarthestColumn));
 }
 
-void BoxIndex::put(Handle handle, const Box2& box) {
-  remove(handle);
+void BoxIndex::put(Key key, const Box2& box) {
+  remove(key);
   if (box.empty()) return;
   const int level = levelOf(box);
   const Cell cell = cellOf(column(box.min.x, level), column(box.min.y, level));
-  places_[handle] = {level, cell};
-  levels_[level][cell].push_back({handle, box});
+  places_[key] = {level, cell};
+  levels_[level][cell].push_back({key, box});
 }
 
-void BoxIndex::remove(Handle handle) {
-  const auto place = places_.find(handle);
+void BoxIndex::remove(Key key) {
+  const auto place = places_.find(key);
   if (place == places_.end()) return;
   const auto level = levels_.find(place->second.level);
   const auto cell = level->second.find(place->second.cell);
-  std::erase_if(cell->second, [handle](const Item& item) { return item.handle == handle; });
+  std::erase_if(cell->second, [key](const Item& item) { return item.key == key; });
   if (cell->second.empty()) level->second.erase(cell);
   if (level->second.empty()) levels_.erase(level);
   places_.erase(place);
@@ -57,4 +57,4 @@ Box2 BoxIndex::bounds() const {
   return all;
 }
 
-}  // namespace drafting
+}  // namespace base

@@ -1,12 +1,12 @@
 // Boxes by place, against a plain list of them.
-#include "embedded/drafting/picking/box_index.h"
+#include "embedded/base/box_index.h"
 
 #include <gtest/gtest.h>
 
 #include <algorithm>
 #include <random>
 
-namespace drafting {
+namespace base {
 namespace {
 
 Box2 box(double left, double low, double right, double high) {
@@ -16,9 +16,9 @@ Box2 box(double left, double low, double right, double high) {
   return b;
 }
 
-std::vector<Handle> found(const BoxIndex& index, const Box2& area) {
-  std::vector<Handle> out;
-  index.visit(area, [&out](Handle handle, const Box2&) { out.push_back(handle); });
+std::vector<BoxIndex::Key> found(const BoxIndex& index, const Box2& area) {
+  std::vector<BoxIndex::Key> out;
+  index.visit(area, [&out](BoxIndex::Key handle, const Box2&) { out.push_back(handle); });
   std::sort(out.begin(), out.end());
   return out;
 }
@@ -28,10 +28,10 @@ TEST(BoxIndex, FindsWhatTouchesTheArea) {
   index.put(1, box(0, 0, 10, 10));
   index.put(2, box(20, 20, 20, 20));
   index.put(3, box(-1e9, -1e9, 1e9, 1e9));
-  EXPECT_EQ(found(index, box(10, 10, 15, 15)), (std::vector<Handle>{1, 3}));
-  EXPECT_EQ(found(index, box(20, 20, 20, 20)), (std::vector<Handle>{2, 3}));
-  EXPECT_EQ(found(index, box(2e9, 0, 3e9, 1)), std::vector<Handle>{});
-  EXPECT_EQ(found(index, {}), std::vector<Handle>{});
+  EXPECT_EQ(found(index, box(10, 10, 15, 15)), (std::vector<BoxIndex::Key>{1, 3}));
+  EXPECT_EQ(found(index, box(20, 20, 20, 20)), (std::vector<BoxIndex::Key>{2, 3}));
+  EXPECT_EQ(found(index, box(2e9, 0, 3e9, 1)), std::vector<BoxIndex::Key>{});
+  EXPECT_EQ(found(index, {}), std::vector<BoxIndex::Key>{});
 }
 
 TEST(BoxIndex, MovedAndRemovedBoxesAreFollowed) {
@@ -51,7 +51,7 @@ TEST(BoxIndex, FarAndHugeBoxesAreFoundToo) {
   BoxIndex index;
   index.put(1, box(1e40, 1e40, 1e40 + 1, 1e40 + 1));
   index.put(2, box(-1e49, -1e49, 1e49, 1e49));
-  EXPECT_EQ(found(index, box(1e39, 1e39, 1e41, 1e41)), (std::vector<Handle>{1, 2}));
+  EXPECT_EQ(found(index, box(1e39, 1e39, 1e41, 1e41)), (std::vector<BoxIndex::Key>{1, 2}));
 }
 
 TEST(BoxIndex, AgreesWithAPlainList) {
@@ -70,7 +70,7 @@ TEST(BoxIndex, AgreesWithAPlainList) {
     index.put(i + 1, all[i]);
     if (round % 10) continue;
     const Box2 area = any();
-    std::vector<Handle> wanted;
+    std::vector<BoxIndex::Key> wanted;
     for (std::size_t k = 0; k < all.size(); ++k) {
       if (!all[k].empty() && meet(all[k], area)) wanted.push_back(k + 1);
     }
@@ -79,4 +79,4 @@ TEST(BoxIndex, AgreesWithAPlainList) {
 }
 
 }  // namespace
-}  // namespace drafting
+}  // namespace base

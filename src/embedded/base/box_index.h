@@ -1,6 +1,6 @@
 // BoxIndex: boxes by place. A box lies in the grid whose cells are about its size, in the cell of
 // its lower left corner; each size is a grid of its own, so that small and large ones don't disturb
-// each other.
+// each other. Whose box it is, a number of the caller's tells.
 #pragma once
 
 #include <cmath>
@@ -10,28 +10,19 @@
 #include <vector>
 
 #include "embedded/base/geometry.h"
-#include "embedded/drafting/database/object.h"
 
-namespace drafting {
-
-using base::Box2;
-
-inline bool meet(const Box2& a, const Box2& b) {
-  return a.min.x <= b.max.x && b.min.x <= a.max.x && a.min.y <= b.max.y && b.min.y <= a.max.y;
-}
-inline bool holds(const Box2& outer, const Box2& inner) {
-  return outer.min.x <= inner.min.x && inner.max.x <= outer.max.x && outer.min.y <= inner.min.y &&
-         inner.max.y <= outer.max.y;
-}
+namespace base {
 
 class BoxIndex {
  public:
+  using Key = std::uint64_t;
+
   // Also moves one that is there already. An empty box is the same as none.
-  void put(Handle handle, const Box2& box);
-  void remove(Handle handle);
+  void put(Key key, const Box2& box);
+  void remove(Key key);
   void clear();
 
-  // Calls f(handle, box) for each box that meets the area, in no order.
+  // Calls f(key, box) for each box that meets the area, in no order.
   template <class F>
   void visit(const Box2& area, F f) const;
 
@@ -40,7 +31,7 @@ class BoxIndex {
 
  private:
   struct Item {
-    Handle handle = 0;
+    Key key = 0;
     Box2 box;
   };
   using Cell = std::uint64_t;
@@ -58,11 +49,11 @@ class BoxIndex {
   template <class F>
   static void visitItems(const std::vector<Item>& items, const Box2& area, F& f) {
     for (const Item& item : items) {
-      if (meet(item.box, area)) f(item.handle, item.box);
+      if (meet(item.box, area)) f(item.key, item.box);
     }
   }
 
-  std::unordered_map<Handle, Place> places_;
+  std::unordered_map<Key, Place> places_;
   std::map<int, Grid> levels_;
 };
 
@@ -87,4 +78,4 @@ void BoxIndex::visit(const Box2& area, F f) const {
   }
 }
 
-}  // namespace drafting
+}  // namespace base
