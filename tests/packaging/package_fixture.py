@@ -21,10 +21,10 @@ ENVIRONMENT = {name: value for name, value in os.environ.items()
 ENVIRONMENT.update(PATH="/usr/bin:/bin", LANG="zh_CN.UTF-8", LC_ALL="C.UTF-8")
 
 
-def run(*command, cwd=None, status=0, text=""):
+def run(*command, cwd=None, status=0, text="", seconds=300):
     """The command's standard output; its status must be this one."""
     done = subprocess.run([str(word) for word in command], cwd=cwd, env=ENVIRONMENT,
-                          input=text.encode(), capture_output=True, timeout=300)
+                          input=text.encode(), capture_output=True, timeout=seconds)
     out = done.stdout.decode("utf-8", "replace")
     if done.returncode != status:
         problem = done.stderr.decode("utf-8", "replace")

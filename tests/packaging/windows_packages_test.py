@@ -52,10 +52,12 @@ class Windows(Package):
         saved = work / "desktop.dwg"
         saved.unlink(missing_ok=True)
         script = work / "desktop.scr"
-        script.write_text("LINE 0,0 10,0 \n(zhlmsgmk 1)\nSAVEAS\n\ndesktop.dwg\nQUIT\n", "utf-8")
+        script.write_text("LINE 0,0 10,0 \n(zhlmsgmk 1)\nSAVEAS\ndesktop.dwg\nQUIT\n", "utf-8")
         run(WINE, folder / "drafting.exe", "--install", folder / "Library", "--script", script,
-            cwd=work)
+            cwd=work, seconds=60)
         self.assertIn("LINE", run(WINE, folder / "vornik.exe", "dump", "desktop.dwg", cwd=work))
+        # Only the module knows the function that sets the mark.
+        self.assertIn("ZhlkMessageMark=1", (folder / "Library/User/information.txt").read_text())
 
 
 class TheZip(Windows):
