@@ -131,6 +131,38 @@ TEST(PopupMenu, OwnerDrawnEntriesAreLeftAlone) {
   EXPECT_EQ(data(1), before);
 }
 
+TEST(PopupMenu, TheDefaultEntryIsDrawnBold) {
+  CGfxPopupMenu menu;
+  const HDC screen = ::GetDC(nullptr);
+  const HDC memory = ::CreateCompatibleDC(screen);
+  const HBITMAP bitmap = ::CreateCompatibleBitmap(screen, 120, 20);
+  const HGDIOBJ before = ::SelectObject(memory, bitmap);
+  const auto inkOf = [&](UINT state) {
+    GfxMenuItem item{-1, 8, L"entry"};
+    DRAWITEMSTRUCT drawn{};
+    drawn.CtlType = ODT_MENU;
+    drawn.itemState = state;
+    drawn.hDC = memory;
+    drawn.rcItem = {0, 0, 120, 20};
+    drawn.itemData = reinterpret_cast<ULONG_PTR>(&item);
+    menu.DrawItem(&drawn);
+    int ink = 0;
+    for (int y = 0; y < 20; ++y) {
+      for (int x = 20; x < 120; ++x) {
+        ink += ::GetPixel(memory, x, y) != ::GetPixel(memory, 119, 0) ? 1 : 0;
+      }
+    }
+    return ink;
+  };
+  const int plain = inkOf(0);
+  EXPECT_GT(plain, 20);
+  EXPECT_GT(inkOf(ODS_DEFAULT), plain);
+  ::SelectObject(memory, before);
+  ::DeleteObject(bitmap);
+  ::DeleteDC(memory);
+  ::ReleaseDC(nullptr, screen);
+}
+
 TEST(PopupMenu, WithoutItemsNothingIsMeasuredOrDrawn) {
   CGfxPopupMenu menu;
   MEASUREITEMSTRUCT measure{};

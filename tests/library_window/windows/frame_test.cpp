@@ -213,6 +213,25 @@ TEST_F(LibraryFrame, ItsEndClearsTheModulesPointer) {
   EXPECT_EQ(libraryWindow(), nullptr);
 }
 
+TEST_F(LibraryFrame, TheToolBarsRimTakesNoClicks) {
+  show(40);
+  resize(500, 400);
+  CRect button;
+  ::SendMessageW(toolBar(), TB_GETITEMRECT, 5, reinterpret_cast<LPARAM>(&button));
+  const CRect area = client(toolBar());
+  const int x = button.left + 12;
+  const auto pressedBy = [&](int y) {
+    ::SendMessageW(toolBar(), WM_LBUTTONDOWN, MK_LBUTTON, MAKELPARAM(x, y));
+    const LRESULT pressed = ::SendMessageW(toolBar(), TB_ISBUTTONPRESSED, ID_AUXILIARY_BAR, 0);
+    ::ReleaseCapture();
+    return pressed != 0;
+  };
+  ASSERT_LT(area.bottom - 2, button.bottom) << "the button must reach into the rim";
+  EXPECT_FALSE(pressedBy(area.bottom - 1));
+  EXPECT_FALSE(pressedBy(area.bottom - 2));
+  EXPECT_TRUE(pressedBy(area.bottom - 3));
+}
+
 TEST_F(LibraryFrame, ADoubleClickOnTheToolBarDoesNothing) {
   show();
   resize(600, 400);
