@@ -36,6 +36,48 @@ editor() {
   shrunk "$folder/editor.png" "$docs/guide/editor.png" 64
 }
 
+# The desktop with a chain of circuits that was clicked together, and of it the library window. The
+# library is told where its window stands.
+desktop() {
+  local tree="$folder/library/Datcom/zhllib/zhllib.qdp" nodes
+  "$vornik" sample "$folder/library" 2>/dev/null
+  nodes=$(sed -n 's/^end //p' "$tree")
+  sed -i '/^end /d' "$tree"
+  printf '%s\n' 'ZhlViewDate' 'ZhlViewDate\x'$'\t''500' 'ZhlViewDate\y'$'\t''520' \
+    'ZhlViewDate\宽度'$'\t''760' 'ZhlViewDate\高度'$'\t''405' "end $((nodes + 5))" >>"$tree"
+  tests/windows/session.sh "$0" --click-together "$folder"
+  shrunk "$folder/desktop.png" "$docs/guide/desktop.png" 32
+  convert "$folder/desktop.png" -crop 760x405+500+520 +repage "$folder/library.png"
+  shrunk "$folder/library.png" "$docs/library_window.png" 32
+}
+
+# What `desktop` runs on the virtual screen.
+click_together() {
+  local place
+  tests/windows/wine.sh "$windows/drafting.exe" --install "$1/library" >/dev/null 2>&1 &
+  local program=$!
+  sleep 4
+  xdotool mousemove 300 300
+  xdotool type --delay 20 'ZOOM W -30,-304 450,20 '
+  sleep 1
+  xdotool key F6
+  sleep 2
+  xdotool type --delay 20 '0,0 '
+  for place in '560 600' '650 600' '760 600' '560 720' '760 720' '1180 592'; do
+    sleep 1
+    # shellcheck disable=SC2086
+    xdotool mousemove $place click 1
+  done
+  xdotool mousemove 250 700
+  sleep 1
+  import -window root "$1/desktop.png"
+  kill "$program"
+}
+if [ "${1:-}" = --click-together ]; then
+  click_together "$2"
+  exit
+fi
+
 build() {
   cmake --preset "$1" >/dev/null
   cmake --build --preset "$1" --target "${@:2}"
@@ -43,6 +85,7 @@ build() {
 
 mkdir -p "$docs/guide"
 build native vornik
-build windows-test editor_window_test
+build windows-test editor_window_test drafting Vornikplan10
 plots
 editor
+desktop
