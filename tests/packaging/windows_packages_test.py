@@ -132,6 +132,18 @@ class TheZip(Windows):
         self.check_no_machine_path(self.root)
 
 
+class AnInstallOverAnother(Windows):
+    def test_keeps_the_library_that_is_there(self):
+        prefix = self.folder / "place"
+        run("cmake", "--install", package_fixture.BUILD, "--prefix", prefix)
+        mine = prefix / "Library" / "Datcom" / "zhllib" / "zhllib.qdp"
+        mine.write_text("mine")
+        (prefix / "vornik.exe").unlink()
+        run("cmake", "--install", package_fixture.BUILD, "--prefix", prefix)
+        self.assertEqual(mine.read_text(), "mine")
+        self.assertTrue((prefix / "vornik.exe").exists())
+
+
 class TheInstaller(Windows):
     """Steps of one story, each of which leaves the prefix as it was."""
 
@@ -193,6 +205,14 @@ class TheInstaller(Windows):
         if (self.place / "drafting.exe").exists():
             wanted.add("Vornikplan10")
         self.assertEqual(entries, wanted)
+
+    def test_speaks_chinese(self):
+        run(WINE, self.setup, "/S", "/LANG=2052")
+        entries = {path.stem for path in self.menu.iterdir()}
+        self.assertLessEqual({"使用说明", "卸载 Vornikplan10"}, entries)
+        self.assertFalse({"User guide", "Uninstall Vornikplan10"} & entries, "of the install before")
+        self.uninstall()
+        self.assertFalse(self.menu.exists())
 
     def test_nothing_of_its_own_stays_behind(self):
         self.uninstall()
