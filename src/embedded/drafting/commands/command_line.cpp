@@ -65,7 +65,10 @@ void CommandLine::run() {
     cancelled_ = snapping_ = transparent_ = false;
     session_.database().journal().settle();
     ready();
-    if (queue_.empty() && !wait()) return;
+    waiting_ = &prompt;
+    const bool more = !queue_.empty() || wait();
+    waiting_ = nullptr;
+    if (!more) return;
     const Answer answer = askQueue(prompt);
     try {
       if (answer.hasValue()) {

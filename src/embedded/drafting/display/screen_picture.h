@@ -15,7 +15,8 @@ class ScreenPicture {
   explicit ScreenPicture(DisplayOptions options = {}) : options_(std::move(options)) {}
 
   void rebuild(const Database& database);
-  // Has the pictures of these entities of model space made anew; of one that is gone removed.
+  // Has the pictures of these entities of model space made anew; of one that is gone removed. On an
+  // empty picture they are all that is shown.
   void update(const Database& database, std::span<const Handle> entities);
 
   const Box2& bounds() const { return list_.bounds(); }  // those of removed entities included
