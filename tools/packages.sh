@@ -1,7 +1,7 @@
 #!/usr/bin/env bash
 # Installs the Debian packages that are missing, by name; says nothing when all are there.
-#   tools/packages.sh build|test
-# "build" is what ./run needs, "test" all of it.
+#   tools/packages.sh build|desktop|test
+# "build" is what the native programs need, "desktop" the desktop of ./run too, "test" all of it.
 set -euo pipefail
 
 build=(cmake ninja-build g++ pkg-config zlib1g-dev libcairo2-dev ccache)
@@ -14,8 +14,9 @@ command -v node >/dev/null && command -v npm >/dev/null || test+=(nodejs npm)
 
 case ${1:-} in
   build) wanted=("${build[@]}") ;;
+  desktop) wanted=("${desktop[@]}") ;;
   test) wanted=("${test[@]}") ;;
-  *) echo "usage: tools/packages.sh build|test" >&2; exit 2 ;;
+  *) echo "usage: tools/packages.sh build|desktop|test" >&2; exit 2 ;;
 esac
 
 missing=()

@@ -134,17 +134,22 @@ void WindowScript::handle(MSG& message) {
 }
 
 std::string WindowScript::run() {
+  return runWithin([this] {
+    MSG message{};
+    while (!over() && GetMessageW(&message, nullptr, 0, 0) > 0) handle(message);
+  });
+}
+
+std::string WindowScript::runWithin(const std::function<void()>& loop) {
   const HWND helper = CreateWindowExW(0, L"STATIC", L"", 0, 0, 0, 0, 0, HWND_MESSAGE, nullptr,
                                       GetModuleHandleW(nullptr), nullptr);
   SetWindowLongPtrW(helper, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(this));
   waitingSince_ = GetTickCount64();
   SetTimer(helper, 1, kStepMilliseconds, &WindowScript::onTimer);
-  MSG message{};
-  while (failure_.empty() && next_ < steps_.size() && GetMessageW(&message, nullptr, 0, 0) > 0) {
-    handle(message);
-  }
+  loop();
   DestroyWindow(helper);
   // What the last step has set off is handled before the test looks at the windows.
+  MSG message{};
   while (PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE)) handle(message);
   if (failure_.empty() && next_ < steps_.size()) failure_ = "the message loop was ended";
   steps_.clear();

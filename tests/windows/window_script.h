@@ -54,6 +54,9 @@ class WindowScript {
 
   // Pumps messages until every step is done. Returns an empty text, or why the script stopped.
   std::string run();
+  // The same while a loop of the tested program pumps, which ends when the script is over.
+  std::string runWithin(const std::function<void()>& loop);
+  bool over() const { return !failure_.empty() || next_ >= steps_.size(); }
 
  private:
   struct Step {

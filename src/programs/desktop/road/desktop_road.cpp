@@ -96,7 +96,10 @@ class Road {
   // By the menu's keys, as shown beside its texts.
   void startPlacing() {
     hand_.keys("alt+k");
-    hand_.waitFor("the menu", [] { return FindWindowW(L"#32768", nullptr) != nullptr; });
+    hand_.waitFor("the menu", [] {
+      const HWND menu = FindWindowW(L"#32768", nullptr);
+      return menu && IsWindowVisible(menu);
+    });
     hand_.picture("menu");
     hand_.keys("p");
     library_ = hand_.wait(L"主回路");
@@ -183,7 +186,6 @@ class Road {
     RECT cells{};
     GetClientRect(view, &cells);
     hand_.click(view, cells.right / 2, cells.bottom / 3);
-    Sleep(200);  // the view paints itself
     hand_.picture("changed");
     hand_.clickMiddle(road::Hand::child(dialog, {IDOK}));
     hand_.waitForNoDialog();

@@ -61,6 +61,20 @@ std::vector<std::uint32_t> screenPixels(const RECT& part) {
   return pixels;
 }
 
+// The same, once the windows have come to rest; blinking carets never do.
+std::vector<std::uint32_t> steadyPixels(const RECT& part) {
+  constexpr int kLooks = 8;
+  constexpr DWORD kRest = 60;
+  std::vector<std::uint32_t> before;
+  std::vector<std::uint32_t> now = screenPixels(part);
+  for (int look = 0; look < kLooks && now != before; ++look) {
+    before = std::move(now);
+    Sleep(kRest);
+    now = screenPixels(part);
+  }
+  return now;
+}
+
 }  // namespace
 
 // --- the program
@@ -208,7 +222,7 @@ void Hand::waitFor(const std::string& what, const std::function<bool()>& conditi
 void Hand::picture(const std::string& name) {
   ++count_;
   const RECT screen = {0, 0, GetSystemMetrics(SM_CXSCREEN), GetSystemMetrics(SM_CYSCREEN)};
-  const auto pixels = screenPixels(screen);
+  const auto pixels = steadyPixels(screen);
   const std::string file = (count_ < 10 ? "0" : "") + std::to_string(count_) + "-" + name + ".png";
   const base::Status status =
       base::saveAtomically(pictures_ / file, drafting::makePng(screen.right, screen.bottom, pixels),
