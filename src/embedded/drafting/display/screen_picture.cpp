@@ -74,7 +74,6 @@ void ScreenPicture::rebuild(const Database& database) {
 }
 
 void ScreenPicture::update(const Database& database, std::span<const Handle> entities) {
-  if (grid_.empty()) index();
   for (const Handle handle : entities) {
     const auto known = places_.find(handle);
     const Entity* entity = database.find<Entity>(handle);
