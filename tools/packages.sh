@@ -5,10 +5,11 @@
 set -euo pipefail
 
 build=(cmake ninja-build g++ pkg-config zlib1g-dev libcairo2-dev ccache)
-test=("${build[@]}" googletest clang clang-format clang-tidy libclang-rt-14-dev llvm python3 git
-  g++-mingw-w64-x86-64-posix libz-mingw-w64-dev wine64 xvfb xdotool fonts-wine fonts-arphic-uming
-  libxcursor1 libxi6 libxrandr2 libxrender1 imagemagick python3-ezdxf python3-gdal poppler-utils
-  poppler-data netpbm dpkg-dev groff-base cmark-gfm nsis)
+desktop=("${build[@]}" g++-mingw-w64-x86-64-posix libz-mingw-w64-dev wine64 xvfb xdotool fonts-wine
+  fonts-arphic-uming libxcursor1 libxi6 libxrandr2 libxrender1)
+test=("${desktop[@]}" googletest clang clang-format clang-tidy libclang-rt-14-dev llvm python3 git
+  imagemagick python3-ezdxf python3-gdal poppler-utils poppler-data netpbm dpkg-dev groff-base
+  cmark-gfm nsis)
 # Node runs readers that come from npm; whatever release is there will do.
 command -v node >/dev/null && command -v npm >/dev/null || test+=(nodejs npm)
 
