@@ -1,8 +1,8 @@
 #!/usr/bin/env python3
 """Checks that docs/proof.md tells the truth as far as a program can see it.
 
-Each row of its tables is operations, code, tests. The files must exist below src/; every name that
-stands in backquotes among the operations must occur in one of the row's files; every test must
+Each row of its tables is operations, code, tests. The files must exist, below src/ or, written with
+`packaging/`, there; every name that stands in backquotes among the operations must occur in one of the row's files; every test must
 exist: `Suite.Name` of GoogleTest or Python, `file.txt: heading` of a conversation.
 """
 
@@ -50,13 +50,18 @@ def rows(text):
         yield number, [cell.strip() for cell in line.strip("|").split("|")]
 
 
+def place_of(name, source):
+    return ROOT / name if name.startswith("packaging/") else source / name
+
+
 def problems_of_row(cells, source, tests):
     if len(cells) != 3:
         return [f"{len(cells)} columns, not 3"]
     operations, code, shown = (QUOTED.findall(cell) for cell in cells)
-    found = [f"{name} doesn't exist" for name in code if not (source / name).is_file()]
-    text = "".join((source / name).read_text(encoding="utf-8")
-                   for name in code if (source / name).is_file())
+    places = {name: place_of(name, source) for name in code}
+    found = [f"{name} doesn't exist" for name, place in places.items() if not place.is_file()]
+    text = "".join(place.read_text(encoding="utf-8")
+                   for place in places.values() if place.is_file())
     found += [f"{name} isn't in {', '.join(code)}" for name in operations
               if not re.search(rf"(?<!\w){re.escape(name)}(?!\w)", text)]
     found += [f"there is no test {name}" for name in shown if name not in tests]
