@@ -107,6 +107,7 @@ void Screen::touched(const drafting::Object& object) {
 void Screen::rebuild() {
   ++rebuilds_;
   stale_ = false;
+  picture_ = drafting::ScreenPicture(session_.document().display());
   picture_.rebuild(*watched_);
 }
 
@@ -131,7 +132,7 @@ bool Screen::refresh(const Selection& selected) {
   if (dirty_) followDrawing();
   if (dirty_ || reselected) {
     selected_ = selected;
-    selectedPicture_ = drafting::ScreenPicture();
+    selectedPicture_ = drafting::ScreenPicture(session_.document().display());
     if (!selected_.empty()) selectedPicture_.update(*watched_, selected_);
   }
   dirty_ = false;

@@ -4,6 +4,7 @@
 #include <memory>
 #include <string>
 
+#include "embedded/drafting/documents/drawing_files.h"
 #include "embedded/drafting/picking/entity_index.h"
 
 class AcDbDatabaseState;
@@ -16,9 +17,16 @@ struct Document {
   Document(const Document&) = delete;
   Document& operator=(const Document&) = delete;
 
+  // How it is shown: with the fonts beside its file.
+  DisplayOptions display() const {
+    DisplayOptions options;
+    options.drawingFolder = folderOfDrawing(path);
+    return options;
+  }
+
   // Where its entities are seen; made when first asked for.
   EntityIndex& index() {
-    if (!index_) index_ = std::make_unique<EntityIndex>(*database);
+    if (!index_) index_ = std::make_unique<EntityIndex>(*database, display());
     return *index_;
   }
 

@@ -9,7 +9,10 @@ bool hides(const Layer& layer) { return layer.frozen || layer.off; }
 
 }  // namespace
 
-EntityIndex::EntityIndex(Database& database) : database_(database) { database.addWatcher(*this); }
+EntityIndex::EntityIndex(Database& database, DisplayOptions options)
+    : database_(database), options_(std::move(options)) {
+  database.addWatcher(*this);
+}
 EntityIndex::~EntityIndex() { database_.removeWatcher(*this); }
 
 Box2 EntityIndex::extents() {
@@ -54,7 +57,7 @@ void EntityIndex::update() {
 }
 
 void EntityIndex::build() {
-  pictures_ = std::make_unique<EntityPictures>(database_);
+  pictures_ = std::make_unique<EntityPictures>(database_, options_);
   boxes_.clear();
   insertsOf_.clear();
   blockOf_.clear();

@@ -15,7 +15,7 @@ namespace drafting {
 
 class EntityIndex : public ChangeWatcher {
  public:
-  explicit EntityIndex(Database& database);
+  explicit EntityIndex(Database& database, DisplayOptions options = {});
   ~EntityIndex() override;
   EntityIndex(const EntityIndex&) = delete;
   EntityIndex& operator=(const EntityIndex&) = delete;
@@ -41,6 +41,7 @@ class EntityIndex : public ChangeWatcher {
   bool layersChangedSight();
 
   Database& database_;
+  DisplayOptions options_;
   std::unique_ptr<EntityPictures> pictures_;
   base::BoxIndex boxes_;
   bool built_ = false;
