@@ -49,21 +49,71 @@ class Road {
   }
 
   void walk() {
-    try {
-      startDesktop();
+    guarded(hand_, [this] {
+      for (const char* name : {"desktop.dwg", "desktop.pdf", "parts.csv", "reference.dwg"}) {
+        fs::remove(out_ / name);
+      }
+      startDesktop(L"");
       placeThree();
       changeCircuit();
       placeChanged();
       save();
       plot();
       leave();
-    } catch (const std::exception&) {
-      hand_.picture("failure");
-      hand_.kill();
-      throw;
-    }
+    });
     makePartsList();
     compareWithHeadless();
+  }
+
+  // What was done before a kill is offered at the next start, and is there again.
+  void recover() {
+    guarded(hand_, [this] {
+      startDesktop(L"");
+      for (const char* key : {"l", "Return"}) hand_.keys(key);
+      waitForPrompt(L"第一点");
+      hand_.click(area(), 300, 300);
+      hand_.click(area(), 500, 400);
+      waitForPrompt(L"下一点");
+      hand_.keys("Return");
+      waitForPrompt(L"命令");
+      hand_.kill();
+      hand_.start(desktopCommand());
+      main_ = hand_.wait(L" - Vornikplan10");
+      hand_.waitForDialog();
+      hand_.picture("recovery");
+      hand_.keys("Return");
+      hand_.waitForNoDialog();
+      waitForPrompt(L"命令");
+      hand_.wait(L"*");
+      check(history().find(L"已恢复图形") != std::wstring::npos, "nothing was recovered");
+      check(road::Hand::lit(area()) > 200, "the recovered line isn't shown");
+      hand_.keys("alt+F4");
+      hand_.waitForDialog();
+      hand_.keys("n");
+      check(hand_.waitForEnd() == 0, "the desktop ended with a failure");
+    });
+  }
+
+  // Two programs work on one library; the second one opens the same drawing for reading only.
+  void shareLibrary() {
+    road::Hand other(out_ / "screens");
+    guarded(hand_, [&] {
+      startDesktop(L" " + quoted(drawing()));
+      hand_.wait(L"desktop.dwg - ");
+      guarded(other, [&] {
+        other.start(desktopCommand() + L" " + quoted(drawing()));
+        other.waitForDialog();
+        hand_.picture("second-program");
+        other.keys("Return");
+        other.waitForNoDialog();
+        other.wait(L"(只读)");
+        other.keys("alt+F4");
+        check(other.waitForEnd() == 0, "the second program ended with a failure");
+      });
+      hand_.clickMiddle(area());
+      hand_.keys("alt+F4");
+      check(hand_.waitForEnd() == 0, "the first program ended with a failure");
+    });
   }
 
  private:
@@ -82,11 +132,24 @@ class Road {
                   [&] { return prompt().find(part) != std::wstring::npos; });
   }
 
-  void startDesktop() {
-    for (const char* name : {"desktop.dwg", "desktop.pdf", "parts.csv", "reference.dwg"}) {
-      fs::remove(out_ / name);
+  // A failure leaves a picture, and no program behind.
+  static void guarded(road::Hand& hand, const std::function<void()>& steps) {
+    try {
+      steps();
+    } catch (const std::exception&) {
+      hand.picture("failure");
+      hand.kill();
+      throw;
     }
-    hand_.start(quoted(bin_ / "drafting.exe") + L" --install " + quoted(install()));
+  }
+
+  std::wstring desktopCommand() const {
+    return quoted(bin_ / "drafting.exe") + L" --install " + quoted(install());
+  }
+
+  void startDesktop(const std::wstring& arguments) {
+    library_ = nullptr;
+    hand_.start(desktopCommand() + arguments);
     main_ = hand_.wait(L" - Vornikplan10");
     hand_.move(area(), 400, 400);
     waitForPrompt(L"命令");
@@ -303,6 +366,8 @@ int walkRounds(const fs::path& bin, const fs::path& out, int rounds) {
         fs::copy(kept, out / "install", fs::copy_options::recursive);
       }
       road.walk();
+      road.recover();
+      road.shareLibrary();
     } catch (const std::exception& failure) {
       std::printf("round %d of %d: %s\n", round, rounds, failure.what());
       return 1;
