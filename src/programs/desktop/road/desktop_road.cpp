@@ -387,5 +387,7 @@ int wmain(int count, wchar_t** words) {
   }
   _wputenv_s(L"LANG", L"zh_CN.UTF-8");
   const int rounds = count > 3 ? base::wtoi(words[3]) : 1;
-  return walkRounds(words[1], words[2], rounds);
+  // File dialogs take no slashes.
+  return walkRounds(fs::path(words[1]).make_preferred(), fs::path(words[2]).make_preferred(),
+                    rounds);
 }
