@@ -6,6 +6,9 @@
 namespace drafting {
 namespace {
 
+constexpr int kMostSide = 256, kEntitiesToCell = 16;
+constexpr int kMostCells = 64;  // of one entity; larger ones stand in a list of their own
+
 // Draws chunks, those of a few pixels by what can be told apart of them.
 class Painter {
  public:
@@ -63,25 +66,19 @@ class Painter {
 void ScreenPicture::rebuild(const Database& database) {
   list_ = DisplayList::of(database, options_);
   wasted_ = 0;
-  places_.clear();
-  index_.clear();
-  const auto count = static_cast<Place>(list_.chunks().size());
-  for (Place place = 0; place < count; ++place) {
-    const Chunk& chunk = list_.chunks()[place];
-    places_[chunk.entity] = place;
-    index_.put(place, chunk.box);
-  }
+  index();
 }
 
 void ScreenPicture::update(const Database& database, std::span<const Handle> entities) {
+  if (grid_.empty()) index();
   for (const Handle handle : entities) {
     const auto known = places_.find(handle);
     const Entity* entity = database.find<Entity>(handle);
     if (entity && entity->owner != database.modelSpace().handle) entity = nullptr;
     if (known != places_.end()) {
+      take(known->second);
       wasted_ += list_.chunks()[known->second].count;
       if (!entity) {
-        index_.remove(known->second);
         list_.clearChunk(known->second);
         places_.erase(known);
         continue;
@@ -91,16 +88,83 @@ void ScreenPicture::update(const Database& database, std::span<const Handle> ent
     const Place place = known != places_.end() ? known->second : list_.addChunk(handle);
     places_[handle] = place;
     list_.showAgain(place, database, *entity, options_);
-    index_.put(place, list_.chunks()[place].box);
+    put(place);
   }
   if (wasted_ > list_.items().size() / 2 + 1000) rebuild(database);
 }
 
+void ScreenPicture::index() {
+  places_.clear();
+  large_.clear();
+  area_ = list_.bounds();
+  const auto count = list_.chunks().size();
+  side_ = std::clamp(static_cast<int>(std::sqrt(static_cast<double>(count) / kEntitiesToCell)), 1,
+                     kMostSide);
+  grid_.assign(static_cast<std::size_t>(side_) * static_cast<std::size_t>(side_), {});
+  for (Place place = 0; place < count; ++place) {
+    places_[list_.chunks()[place].entity] = place;
+    put(place);
+  }
+}
+
+// Beyond the grid's area the cells at its edge count.
+ScreenPicture::Cells ScreenPicture::cellsOf(const Box2& box) const {
+  const auto cell = [this](double at, double from, double size) {
+    const double part = size > 0 ? (at - from) / size * side_ : 0;
+    return static_cast<int>(std::clamp(part, 0.0, side_ - 1.0));
+  };
+  return {cell(box.min.x, area_.min.x, area_.width()), cell(box.max.x, area_.min.x, area_.width()),
+          cell(box.min.y, area_.min.y, area_.height()),
+          cell(box.max.y, area_.min.y, area_.height())};
+}
+
+void ScreenPicture::put(Place place) {
+  const Box2& box = list_.chunks()[place].box;
+  if (box.empty()) return;
+  const Cells cells = cellsOf(box);
+  if ((cells.right - cells.left + 1) * (cells.top - cells.bottom + 1) > kMostCells) {
+    large_.push_back(place);
+    return;
+  }
+  for (int y = cells.bottom; y <= cells.top; ++y) {
+    for (int x = cells.left; x <= cells.right; ++x) {
+      grid_[cellAt(x, y)].push_back(place);
+    }
+  }
+}
+
+void ScreenPicture::take(Place place) {
+  const Box2& box = list_.chunks()[place].box;
+  if (box.empty()) return;
+  std::erase(large_, place);
+  const Cells cells = cellsOf(box);
+  if ((cells.right - cells.left + 1) * (cells.top - cells.bottom + 1) > kMostCells) return;
+  for (int y = cells.bottom; y <= cells.top; ++y) {
+    for (int x = cells.left; x <= cells.right; ++x) {
+      std::erase(grid_[cellAt(x, y)], place);
+    }
+  }
+}
+
 std::vector<ScreenPicture::Place> ScreenPicture::find(const Box2& box) const {
   std::vector<Place> found;
-  index_.visit(box, [&found](base::BoxIndex::Key place, const Box2&) {
-    found.push_back(static_cast<Place>(place));
-  });
+  if (box.empty() || grid_.empty()) return found;
+  seen_.resize(list_.chunks().size());
+  ++question_;
+  const auto look = [&](const std::vector<Place>& places) {
+    for (const Place place : places) {
+      if (seen_[place] == question_) continue;
+      seen_[place] = question_;
+      if (meet(list_.chunks()[place].box, box)) found.push_back(place);
+    }
+  };
+  const Cells cells = cellsOf(box);
+  for (int y = cells.bottom; y <= cells.top; ++y) {
+    for (int x = cells.left; x <= cells.right; ++x) {
+      look(grid_[cellAt(x, y)]);
+    }
+  }
+  look(large_);
   std::sort(found.begin(), found.end());
   return found;
 }

@@ -5,7 +5,6 @@
 
 #include <unordered_map>
 
-#include "embedded/base/box_index.h"
 #include "embedded/drafting/display/display_list.h"
 
 namespace drafting {
@@ -33,12 +32,30 @@ class ScreenPicture {
   using Chunk = DisplayList::Chunk;
   using Place = std::uint32_t;  // of a chunk in list_.chunks()
 
-  std::vector<Place> find(const Box2& box) const;  // in drawing order
+  void index();
+  void put(Place place);
+  void take(Place place);
+  std::vector<Place> find(const Box2& box) const;
+  struct Cells {
+    int left, right, bottom, top;
+  };
+  Cells cellsOf(const Box2& box) const;
+  std::size_t cellAt(int x, int y) const {
+    return static_cast<std::size_t>(y) * static_cast<std::size_t>(side_) +
+           static_cast<std::size_t>(x);
+  }
 
   DisplayOptions options_;
   DisplayList list_;
   std::unordered_map<Handle, Place> places_;
-  base::BoxIndex index_;    // of places
+  Box2 area_;     // that the grid covers
+  int side_ = 1;  // cells in each direction
+  // Cells of a part of the drawing each, so that a window of any size looks at few of them;
+  // picking, whose windows are small, has base::BoxIndex.
+  std::vector<std::vector<Place>> grid_;
+  std::vector<Place> large_;                 // those that would stand in many cells
+  mutable std::vector<std::uint32_t> seen_;  // by place: the question that met it last
+  mutable std::uint32_t question_ = 0;
   std::size_t wasted_ = 0;  // items of chunks that were replaced
 };
 
