@@ -31,6 +31,7 @@ BEGIN_MESSAGE_MAP(MainFrame, CFrameWnd)
 ON_WM_CREATE()
 ON_WM_CLOSE()
 ON_WM_SETFOCUS()
+ON_WM_ACTIVATE()
 ON_WM_MOUSEACTIVATE()
 ON_MESSAGE(kRaiseOwned, OnRaiseOwned)
 ON_WM_DESTROY()
@@ -213,7 +214,13 @@ BOOL MainFrame::PreTranslateMessage(MSG* message) {
 
 // --- the windows above it
 
-// Some screens without a window manager let the active window cover those that it owns.
+// Some screens without a window manager let the active window cover those that it owns, whether a
+// click makes it active or a key that is typed above them.
+void MainFrame::OnActivate(UINT state, CWnd* other, BOOL minimised) {
+  CFrameWnd::OnActivate(state, other, minimised);
+  if (state != WA_INACTIVE) PostMessage(kRaiseOwned);
+}
+
 int MainFrame::OnMouseActivate(CWnd* top, UINT hit, UINT message) {
   PostMessage(kRaiseOwned);
   return CFrameWnd::OnMouseActivate(top, hit, message);

@@ -29,6 +29,7 @@ class MainFrame : public CFrameWnd {
   void OnDestroy();
   BOOL OnNotify(WPARAM wParam, LPARAM lParam, LRESULT* result) override;
   void OnSetFocus(CWnd*) { command_.FocusInput(); }
+  void OnActivate(UINT state, CWnd* other, BOOL minimised);
   int OnMouseActivate(CWnd* top, UINT hit, UINT message);
   LRESULT OnRaiseOwned(WPARAM, LPARAM);
   LRESULT OnDropFiles(WPARAM drop, LPARAM);
