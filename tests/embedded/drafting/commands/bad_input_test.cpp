@@ -53,6 +53,8 @@ const std::vector<std::string> kWords = {"nosuch",
                                          "C:\\",
                                          "con.dwg"};
 
+constexpr const char* kEscape = "\x1b";
+
 using Objects = std::map<Handle, std::string>;
 
 // What is typed behind these may be a command that puts something else in the place of what they
@@ -113,8 +115,9 @@ TEST_F(BadInput, AnyCommandAtAnyPromptLeavesTheDrawingAsItWas) {
   for (const std::string& name : session.commands.names()) {
     for (const std::string& way : kWays) {
       for (const std::string& word : kWords) {
-        const std::string input = name + "\n" + way + word + "\n";
-        type(input + "\x1b");
+        std::string input = name;
+        input.append("\n").append(way).append(word).append("\n");
+        type(input + kEscape);
         session.quit = false;
         if (goesBack(name)) {
           ASSERT_TRUE(session.newDrawing().ok());
@@ -128,7 +131,9 @@ TEST_F(BadInput, AnyCommandAtAnyPromptLeavesTheDrawingAsItWas) {
 TEST_F(BadInput, TextWithoutEndIsTaken) {
   const std::string name(100'000, 'x');
   for (const std::string& command : session.commands.names()) {
-    type(command + "\n" + name + "\n\x1b");
+    std::string input = command;
+    input.append("\n").append(name).append("\n").append(kEscape);
+    type(input);
     session.quit = false;
     if (goesBack(command)) {
       ASSERT_TRUE(session.newDrawing().ok());

@@ -32,7 +32,8 @@ class Screen : public PictureTest {
   // A thousand lines of 1 by 1, ten apart.
   void addField() {
     for (int i = 0; i < 1000; ++i) {
-      const double x = 10.0 * (i % 40), y = 10.0 * (i / 40);
+      const int column = i % 40, row = i / 40;
+      const double x = column * 10.0, y = row * 10.0;
       add(line(x, y, x + 1, y + 1));
     }
   }
