@@ -21,7 +21,16 @@ endfunction()
 vornik_compressed(${CMAKE_CURRENT_SOURCE_DIR}/debian/vornik.1 vornik.1 share/man/man1)
 vornik_compressed(${CMAKE_CURRENT_SOURCE_DIR}/debian/changelog changelog.Debian ${documentation})
 vornik_compressed(${PROJECT_SOURCE_DIR}/CHANGELOG.md changelog ${documentation})
-install(FILES ${CMAKE_CURRENT_SOURCE_DIR}/debian/copyright ${font_licence}
+
+# The licence of the Chinese glyphs is quoted from its own file: a paragraph of this format is
+# indented, its empty lines are dots.
+file(READ ${font_licence} font_licence_text)
+string(STRIP "${font_licence_text}" font_licence_text)
+string(REGEX REPLACE "[ \r]*\n" "\n " font_licence_text " ${font_licence_text}")
+string(REGEX REPLACE "\n \n" "\n .\n" font_licence_text "${font_licence_text}")
+configure_file(${CMAKE_CURRENT_SOURCE_DIR}/debian/copyright.in
+               ${CMAKE_CURRENT_BINARY_DIR}/copyright @ONLY)
+install(FILES ${CMAKE_CURRENT_BINARY_DIR}/copyright ${font_licence}
         DESTINATION ${documentation})
 foreach(name IN LISTS documents)
   install(FILES ${PROJECT_SOURCE_DIR}/docs/${name}.md DESTINATION ${documentation}/docs)

@@ -11,7 +11,7 @@ import subprocess
 import sys
 
 # A licence is others' words.
-EXEMPT = {"DEVELOPERS.md", "LICENSE", "packaging/debian/copyright"}
+EXEMPT = {"DEVELOPERS.md", "LICENSE"}
 NUMBERED = re.compile(r"\bparts?\s+[1-9]\.\d", re.IGNORECASE)
 DOCUMENT = re.compile(
     r"\bspec\.md\b|\b(?:as|than|per|by)\s+(?:the\s+)?spec(?:ified|ification)?\b"

@@ -139,17 +139,9 @@ void FileCommands::runPlot() {
 }
 
 bool FileCommands::pickWindow() {
-  const drafting::Answer first =
-      drafting::askPoint(session_, "\n指定第一个角点: ", "\nFirst corner: ");
-  if (!first.hasValue()) return false;
-  const drafting::Answer second =
-      drafting::askCorner(session_, "\n指定对角点: ", "\nOpposite corner: ", first.point);
-  if (!second.hasValue()) return false;
-  base::Box2 window;
-  window.add(base::flat(first.point));
-  window.add(base::flat(second.point));
-  if (window.width() == 0 || window.height() == 0) return false;
-  plot_.window = window;
+  const auto window = drafting::askRectangle(session_);
+  if (!window) return false;
+  plot_.window = *window;
   plot_.area = PlotArea::Window;
   return true;
 }

@@ -40,6 +40,19 @@ Answer askCorner(Session& session, std::string_view chinese, std::string_view en
       {.kind = Ask::Point, .message = message(session, chinese, english), .corner = corner});
 }
 
+std::optional<Box2> askRectangle(Session& session) {
+  const Answer first = askPoint(session, "\n指定第一个角点: ", "\nFirst corner: ");
+  if (!first.hasValue()) return {};
+  const Answer second = askCorner(session, "\n指定对角点: ", "\nOpposite corner: ", first.point);
+  if (!second.hasValue()) return {};
+  Box2 box;
+  box.add(flat(first.point));
+  box.add(flat(second.point));
+  if (box.width() > 0 && box.height() > 0) return box;
+  session.print(session.say("\n窗口没有大小。", "\nThe window has no extent."));
+  return {};
+}
+
 std::string askPath(Session& session, std::string_view chinese, std::string_view english) {
   const Answer answer =
       session.line.ask({.kind = Ask::Line, .message = message(session, chinese, english)});

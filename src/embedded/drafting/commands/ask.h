@@ -25,6 +25,8 @@ Answer askPoint(Session& session, std::string_view chinese, std::string_view eng
 // Asks for the corner opposite to `corner` of a rectangle.
 Answer askCorner(Session& session, std::string_view chinese, std::string_view english,
                  const Point3& corner);
+// Asks for both corners of a rectangle; nothing, and said so, if it has no extent.
+std::optional<Box2> askRectangle(Session& session);
 // Asks for a file, which may be given in quotation marks; empty if there is no answer.
 std::string askPath(Session& session, std::string_view chinese, std::string_view english);
 // Asks for a new value of the system variable; says so if there is none of that name.

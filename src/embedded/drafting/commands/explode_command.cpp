@@ -88,12 +88,10 @@ Parts segmentsOf(const LwPolyline& polyline) {
 // Lines between the vertices of a polyline in space; nothing of a surface.
 std::optional<Parts> sidesOf(const Database& database, const Polyline& polyline) {
   if (polyline.form != Polyline::Form::Space) return {};
-  constexpr int kClosed = 1, kOfFrame = 16;
+  constexpr int kClosed = 1;
   std::vector<Point3> corners;
-  for (const Handle handle : polyline.vertices) {
-    const auto* vertex = database.find<Vertex>(handle);
-    if (vertex && !(vertex->flags & kOfFrame)) corners.push_back(vertex->position);
-  }
+  for (const Vertex* vertex : shownVertices(database, polyline))
+    corners.push_back(vertex->position);
   if ((polyline.flags & kClosed) && !corners.empty()) corners.push_back(corners.front());
   Parts parts;
   for (std::size_t i = 1; i < corners.size(); ++i) {

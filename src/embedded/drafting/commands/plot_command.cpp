@@ -51,19 +51,8 @@ class PlotCommand {
     if (answer.cancelled()) return false;
     if (answer.isKeyword("Display")) options_.window = session_.view.window();
     if (!answer.isKeyword("Window")) return true;
-    const Answer first = askPoint(session_, "\n指定第一个角点: ", "\nFirst corner: ");
-    if (!first.hasValue()) return false;
-    const Answer second = askCorner(session_, "\n指定对角点: ", "\nOpposite corner: ", first.point);
-    if (!second.hasValue()) return false;
-    Box2 window;
-    window.add(flat(first.point));
-    window.add(flat(second.point));
-    if (window.width() == 0 || window.height() == 0) {
-      session_.print(session_.say("\n窗口没有大小。", "\nThe window has no extent."));
-      return false;
-    }
-    options_.window = window;
-    return true;
+    options_.window = askRectangle(session_);
+    return options_.window.has_value();
   }
 
   bool askColours() {

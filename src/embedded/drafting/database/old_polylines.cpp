@@ -10,15 +10,6 @@ using Path = std::vector<Point2>;
 constexpr int kClosed = 1, kFitted = 4, kClosedAcross = 32;
 constexpr int kOfFrame = 16, kOfSurface = 64;  // of vertices
 
-std::vector<const Vertex*> shownVertices(const Database& database, const Polyline& polyline) {
-  std::vector<const Vertex*> shown;
-  for (const Handle handle : polyline.vertices) {
-    const auto* vertex = database.find<Vertex>(handle);
-    if (vertex && !(vertex->flags & kOfFrame)) shown.push_back(vertex);
-  }
-  return shown;
-}
-
 Point2 placeOf(const Vertex& vertex) { return base::flat(vertex.position); }
 
 Path wayOf(const std::vector<const Vertex*>& vertices, bool closed) {
@@ -80,6 +71,15 @@ std::vector<Path> polyfacePaths(const std::vector<const Vertex*>& vertices) {
 }
 
 }  // namespace
+
+std::vector<const Vertex*> shownVertices(const Database& database, const Polyline& polyline) {
+  std::vector<const Vertex*> shown;
+  for (const Handle handle : polyline.vertices) {
+    const auto* vertex = database.find<Vertex>(handle);
+    if (vertex && !(vertex->flags & kOfFrame)) shown.push_back(vertex);
+  }
+  return shown;
+}
 
 LwPolyline flatPolyline(const Database& database, const Polyline& polyline) {
   LwPolyline line;

@@ -2,6 +2,7 @@
 
 #include "embedded/base/numbers.h"
 #include "embedded/drafting/database/type_names.h"
+#include "embedded/drafting/database/visit.h"
 #include "embedded/drafting/database/xdata.h"
 
 namespace drafting::lisp {
@@ -12,68 +13,81 @@ using Items = std::vector<Value>;
 Value group(int code, Value value) { return Value::cons(code, std::move(value)); }
 Value group(int code, const Point3& point) { return Value::cons(code, fromPoint(point)); }
 
-void addText(const TextBase& text, Items& items) {
-  items.push_back(group(10, Point3{text.position.x, text.position.y, text.elevation}));
-  items.push_back(group(40, text.height));
-  items.push_back(group(1, text.text));
-  items.push_back(group(50, text.rotation));
-  items.push_back(group(72, static_cast<int>(text.horizontal)));
-  items.push_back(group(73, static_cast<int>(text.vertical)));
-}
+// The groups of an entity's geometry, by its kind; nothing for kinds that aren't here.
+class Geometry {
+ public:
+  Geometry(const Database& database, Items& items) : database_(database), items_(items) {}
 
-void addPolyline(const LwPolyline& polyline, Items& items) {
-  items.push_back(group(90, static_cast<int>(polyline.points.size())));
-  items.push_back(group(70, polyline.closed ? 1 : 0));
-  items.push_back(group(43, polyline.constantWidth));
-  for (const Point2 point : polyline.points) {
-    items.push_back(group(10, Value::list({point.x, point.y})));
+  void operator()(const Line& line) {
+    add(10, line.start);
+    add(11, line.end);
   }
-}
-
-void addGeometry(const Database& database, const Entity& entity, Items& items) {
-  if (const auto* line = dynamic_cast<const Line*>(&entity)) {
-    items.push_back(group(10, line->start));
-    items.push_back(group(11, line->end));
-  } else if (const auto* point = dynamic_cast<const Point*>(&entity)) {
-    items.push_back(group(10, point->position));
-  } else if (const auto* circle = dynamic_cast<const Circle*>(&entity)) {
-    items.push_back(group(10, circle->centre));
-    items.push_back(group(40, circle->radius));
-  } else if (const auto* arc = dynamic_cast<const Arc*>(&entity)) {
-    items.push_back(group(10, arc->centre));
-    items.push_back(group(40, arc->radius));
-    items.push_back(group(50, arc->startAngle));
-    items.push_back(group(51, arc->endAngle));
-  } else if (const auto* text = dynamic_cast<const TextBase*>(&entity)) {
-    addText(*text, items);
-  } else if (const auto* polyline = dynamic_cast<const LwPolyline*>(&entity)) {
-    addPolyline(*polyline, items);
-  } else if (const auto* ellipse = dynamic_cast<const Ellipse*>(&entity)) {
-    items.push_back(group(10, ellipse->centre));
-    items.push_back(group(11, ellipse->majorAxis));
-    items.push_back(group(40, ellipse->ratio));
-    items.push_back(group(41, ellipse->startAngle));
-    items.push_back(group(42, ellipse->endAngle));
-  } else if (const auto* solid = dynamic_cast<const Solid*>(&entity)) {
+  void operator()(const Point& point) { add(10, point.position); }
+  void operator()(const Circle& circle) {
+    add(10, circle.centre);
+    add(40, circle.radius);
+  }
+  void operator()(const Arc& arc) {
+    add(10, arc.centre);
+    add(40, arc.radius);
+    add(50, arc.startAngle);
+    add(51, arc.endAngle);
+  }
+  void operator()(const Ellipse& ellipse) {
+    add(10, ellipse.centre);
+    add(11, ellipse.majorAxis);
+    add(40, ellipse.ratio);
+    add(41, ellipse.startAngle);
+    add(42, ellipse.endAngle);
+  }
+  void operator()(const Solid& solid) {
     int code = 10;
-    for (const Point2 corner : solid->corners)
-      items.push_back(group(code++, Point3{corner.x, corner.y, solid->elevation}));
-  } else if (const auto* paragraph = dynamic_cast<const MText*>(&entity)) {
-    items.push_back(group(1, paragraph->text));
-    items.push_back(group(10, paragraph->position));
-    items.push_back(group(11, paragraph->xDirection));
-    items.push_back(group(40, paragraph->height));
-    items.push_back(group(41, paragraph->width));
-    items.push_back(group(71, static_cast<int>(paragraph->attachment)));
-  } else if (const auto* insert = dynamic_cast<const Insert*>(&entity)) {
-    items.push_back(group(2, std::string(database.recordName(insert->block))));
-    items.push_back(group(10, insert->position));
-    items.push_back(group(41, insert->scale.x));
-    items.push_back(group(42, insert->scale.y));
-    items.push_back(group(43, insert->scale.z));
-    items.push_back(group(50, insert->rotation));
+    for (const Point2 corner : solid.corners)
+      add(code++, Point3{corner.x, corner.y, solid.elevation});
   }
-}
+  void operator()(const TextBase& text) {
+    add(10, Point3{text.position.x, text.position.y, text.elevation});
+    add(40, text.height);
+    add(1, text.text);
+    add(50, text.rotation);
+    add(72, static_cast<int>(text.horizontal));
+    add(73, static_cast<int>(text.vertical));
+  }
+  void operator()(const LwPolyline& polyline) {
+    add(90, static_cast<int>(polyline.points.size()));
+    add(70, polyline.closed ? 1 : 0);
+    add(43, polyline.constantWidth);
+    for (const Point2 point : polyline.points) {
+      add(10, Value::list({point.x, point.y}));
+    }
+  }
+  void operator()(const MText& text) {
+    add(1, text.text);
+    add(10, text.position);
+    add(11, text.xDirection);
+    add(40, text.height);
+    add(41, text.width);
+    add(71, static_cast<int>(text.attachment));
+  }
+  void operator()(const Insert& insert) {
+    add(2, std::string(database_.recordName(insert.block)));
+    add(10, insert.position);
+    add(41, insert.scale.x);
+    add(42, insert.scale.y);
+    add(43, insert.scale.z);
+    add(50, insert.rotation);
+  }
+  void operator()(const Object&) {}
+
+ private:
+  template <class T>
+  void add(int code, const T& value) {
+    items_.push_back(group(code, value));
+  }
+
+  const Database& database_;
+  Items& items_;
+};
 
 Value itemValue(const XDataItem& item) {
   if (const auto* text = std::get_if<std::string>(&item.value)) return *text;
@@ -108,7 +122,7 @@ Value makeEntityList(const Database& database, Handle handle) {
   items.push_back(group(8, std::string(database.recordName(entity->layer))));
   if (entity->colour != kColourByLayer)
     items.push_back(group(62, static_cast<int>(entity->colour)));
-  addGeometry(database, *entity, items);
+  visit(*entity, Geometry(database, items));
   addXData(database, *entity, items);
   return Value::list(items);
 }
