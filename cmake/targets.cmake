@@ -129,7 +129,9 @@ function(vornik_test_program name)
 endfunction()
 
 # vornik_test(NAME SOURCES file... [LINK target...] [SMOKE]): a GoogleTest program that CTest runs
-# as one test, natively or under Wine. SMOKE puts it into the short set that also runs optimised.
+# as one test, natively or under Wine. SMOKE puts it into the short set that also runs optimised and
+# that the target `smoke` builds.
+add_custom_target(smoke)
 function(vornik_test name)
   cmake_parse_arguments(arg "SMOKE" "" "SOURCES;LINK" ${ARGN})
   vornik_test_program(${name} SOURCES ${arg_SOURCES} LINK ${arg_LINK})
@@ -137,6 +139,7 @@ function(vornik_test name)
   set_tests_properties(${name} PROPERTIES TIMEOUT 600)
   if(arg_SMOKE)
     set_tests_properties(${name} PROPERTIES LABELS smoke)
+    add_dependencies(smoke ${name})
   endif()
 endfunction()
 
