@@ -50,6 +50,15 @@ TEST_F(DesktopFrame, ACrosshairThatMovesLeavesNothingBehind) {
   EXPECT_EQ(different, 0);
 }
 
+TEST_F(DesktopFrame, TheCrosshairGoesWhenThePointerLeaves) {
+  WindowScript script;
+  script.move(area(), 200, 150).then([this] { EXPECT_GT(count(0xC0C0C0), 500); });
+  script.move(strip(), 20, 10).waitFor("the crosshair's end", [this] {
+    return count(0xC0C0C0) == 0;
+  });
+  run(script);
+}
+
 TEST_F(DesktopFrame, ALineIsDrawnByKeysAndClicks) {
   WindowScript script;
   typeKeys(script, "line");
