@@ -8,8 +8,7 @@
 // - Every insert and delete allocates anew and copies all elements: O(length). For arrays that are
 //   filled once and read often.
 // - A reference to an own element stays good until the old storage goes, so a value that is
-// inserted
-//   may be an element of the same array.
+//   inserted may be an element of the same array.
 // - Indexes are never checked, and nothing grows by itself.
 #pragma once
 

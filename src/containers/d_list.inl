@@ -1,5 +1,5 @@
-// TqDList<T>: the operations. Included by its header. Where TqList's operation leaves only the links
-// back to be set, it is called and they are set here.
+// TqDList<T>: the operations. Included by its header. Where TqList's operation leaves only the
+// links back to be set, it is called and they are set here.
 #pragma once
 
 // Puts a sentinel of the larger kind in the place of the one that TqList has made.

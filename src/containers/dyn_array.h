@@ -9,8 +9,7 @@
 // - Growth is additive: n appends copy about n * n / (2 * unit) elements. Set the unit, or call
 //   SetSpaceSize first, where many are to come.
 // - Elements that ReAllocate or operator[] expose hold what their default construction gave them,
-// or
-//   an old value from room kept earlier.
+//   or an old value from room kept earlier.
 #pragma once
 
 #include "containers/dyn_array_base.h"

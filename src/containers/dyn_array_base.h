@@ -6,13 +6,13 @@
 //
 //   double total(TqDynArrayBase<double>& numbers) {
 //     double sum = 0;
-//     for (numbers.MoveToFirst(); !numbers.IsOut(); numbers.MoveToNext()) sum +=
-//     numbers.GetCurData(); return sum;
+//     for (numbers.MoveToFirst(); !numbers.IsOut(); numbers.MoveToNext())
+//       sum += numbers.GetCurData();
+//     return sum;
 //   }
 //
 // - The cursor is a plain number. It may stand before the first element (negative) or past the
-// last;
-//   that is a normal state, which loops test with IsOut.
+//   last; that is a normal state, which loops test with IsOut.
 // - Nothing is reported: an index or a cursor outside of the sequence is the caller's error. Debug
 //   builds assert it. Whoever can't be sure asks IsValidIndex, GetTo or IsOut.
 // - T needs a default constructor, assignment, ==, < and >. Elements are copied by assignment.
@@ -32,8 +32,7 @@ class TqArray;
 template <class T>
 class TqDynArrayBase {
  public:
-  // --- The virtual operations, in the order of their slots
-  // -----------------------------------------
+  // --- The virtual operations, in the order of their slots ---
 
   // Sets the length to n and keeps the elements; may leave spare room. The cursor stays.
   virtual void ReAllocate(TqLong n) = 0;
@@ -117,8 +116,7 @@ class TqDynArrayBase {
     return true;
   }
 
-  // --- State
-  // ---------------------------------------------------------------------------------------
+  // --- State ---
 
   TqDynArrayBase() : m_length(0), m_cursor(-1) {}
   // Length and cursor only; the derived classes copy the elements.
@@ -142,8 +140,7 @@ class TqDynArrayBase {
   const T* GetTo(TqLong i) const { return IsValidIndex(i) ? &GetAt(i) : 0; }
   const T& operator[](TqLong i) const { return GetAt(i); }
 
-  // --- Size and editing
-  // ----------------------------------------------------------------------------
+  // --- Size and editing ---
 
   void IncreaseSize(TqLong n) { ReAllocate(m_length + n); }
   void DecreaseSize(TqLong n) { ReAllocate(m_length - n); }
@@ -185,8 +182,7 @@ class TqDynArrayBase {
   // cursor ends on the last index touched, the upper one of the innermost pair.
   void Reverse(TqLong from = 0, TqLong to = -1);
 
-  // --- Comparison
-  // ----------------------------------------------------------------------------------
+  // --- Comparison ---
 
   // Same length and equal elements.
   bool operator==(const TqDynArrayBase& other) const;
@@ -195,8 +191,7 @@ class TqDynArrayBase {
   bool operator<(const TqDynArrayBase& other) const { return m_length < other.m_length; }
   bool operator>(const TqDynArrayBase& other) const { return m_length > other.m_length; }
 
-  // --- Searching
-  // -----------------------------------------------------------------------------------
+  // --- Searching ---
 
   // Index of the first match, or -1. The cursor stays.
   TqLong Find(const T& v, TqLong from = 0, TqLong to = -1) const;

@@ -8,8 +8,7 @@
 //
 // What differs from the arrays, and is meant:
 // - The cursor is the index of the current node, or -1 at the sentinel. A walk that runs off the
-// end
-//   stands at -1, not at the length: IsOut and IsBegin are true, IsEnd is false. One more
+//   end stands at -1, not at the length: IsOut and IsBegin are true, IsEnd is false. One more
 //   MoveToNext starts over at the first element.
 // - MoveTo of an invalid index goes to the sentinel, so Insert beyond the length lands at the head.
 // - MoveToFirst of an empty list leaves the cursor at -1.

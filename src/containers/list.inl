@@ -236,7 +236,8 @@ void TqList<T>::ReverseList() {
 template <class T>
 void TqList<T>::Rotate(TqLong from, TqLong to) {
   if (from == to) return;
-  TQ_REQUIRE(this->IsValidIndex(from) && this->IsValidIndex(to), "elements rotate inside of the list");
+  TQ_REQUIRE(this->IsValidIndex(from) && this->IsValidIndex(to),
+             "elements rotate inside of the list");
   const TqLong n = this->m_length;
   const TqLong newFirst = (from - to + n) % n;
   this->MoveTo((newFirst + n - 1) % n);

@@ -1,5 +1,5 @@
-  // The members that both lists of owned objects have beside the owning set, for the bodies of their
-  // classes. No #pragma once: both include it.
+// The members that both lists of owned objects have beside the owning set, for the bodies of their
+// classes. No #pragma once: both include it.
 
   // Deletes the object at the cursor; the element stays and is null.
   void ReleaseCur() { tqReleaseCur(*this); }

@@ -1,6 +1,6 @@
-  // The members that all sequences of owned objects have, for the bodies of their classes: T is the
-  // class of the objects, TQ_OWNER the class that is being declared. No #pragma once: every owner
-  // includes it.
+// The members that all sequences of owned objects have, for the bodies of their classes: T is the
+// class of the objects, TQ_OWNER the class that is being declared. No #pragma once: every owner
+// includes it.
 
   // True for an invalid index too.
   bool IsEmptyData(TqLong i) const { return tqIsEmptyData(*this, i); }

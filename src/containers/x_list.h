@@ -9,15 +9,14 @@
 // - The group size is at least 1; 0 divides by zero. With groups of 1 the index neither grows nor
 //   shrinks after construction.
 // - After a cut (DetachAfter, SplitAt, being the source of Conbine) that leaves a partial last
-// group,
-//   the index is one entry short. The contents stay right, but when the list has grown again MoveTo
-//   may arrive with a wrong cursor number until ReverseList, Rotate or Reset rebuild the index.
-//   This is meant; other modules get this result. An entry is never left on a node that is gone.
+//   group, the index is one entry short. The contents stay right, but when the list has grown
+//   again MoveTo may arrive with a wrong cursor number until ReverseList, Rotate or Reset rebuild
+//   the index. This is meant; other modules get this result. An entry is never left on a node that
+//   is gone.
 // - A copy takes over the entries as they are: they point to the source's nodes. It is sound only
 //   after Reset, ReverseList or Rotate, and until then only while the source lives.
 // - After Rotate, ReverseList and Conbine the cursor is where the rebuilding leaves it: on the
-// first
-//   element of the last group that was added.
+//   first element of the last group that was added.
 #pragma once
 
 #include "containers/d_list.h"

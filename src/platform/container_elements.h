@@ -90,8 +90,7 @@ class TqGeGridNodeBJ {
   int number;
 };
 
-// --- Objects that containers own
-// -------------------------------------------------------------------
+// --- Objects that containers own ---
 
 // What all of them have: deletion through the base, and an order by a number of their own.
 class TqElement {

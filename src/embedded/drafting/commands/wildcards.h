@@ -1,6 +1,5 @@
 // Patterns of names as commands and filters take them: "*" any text, "?" one character, "#" a
-// digit,
-// "`" before a sign that means itself, "," between alternatives. Case doesn't count.
+// digit, "`" before a sign that means itself, "," between alternatives. Case doesn't count.
 #pragma once
 
 #include <string_view>
