@@ -24,14 +24,16 @@ Strokes separator(const RECT& rect) {
   return {line(2, MenuColour::Shadow), line(3, MenuColour::Light)};
 }
 
-Strokes subMenu(const GfxMenuItem& item, RECT rect, bool raised) {
-  if (raised) {
-    rect.top += 1;
-    rect.left += 2;
+// Selected, its text moves a little and a sunken frame stands around the whole entry.
+Strokes subMenu(const GfxMenuItem& item, const RECT& rect, bool sunken) {
+  RECT text = rect;
+  if (sunken) {
+    text.top += 1;
+    text.left += 2;
   }
-  Strokes strokes{MenuFill{rect, MenuColour::Menu},
-                  MenuText{item.text, rect, kMenuCentred, MenuColour::Current}};
-  if (raised) strokes.push_back(MenuFrame{rect, MenuColour::Shadow, MenuColour::Light});
+  Strokes strokes{MenuFill{text, MenuColour::Menu},
+                  MenuText{item.text, text, kMenuCentred, MenuColour::Current}};
+  if (sunken) strokes.push_back(MenuFrame{rect, MenuColour::Shadow, MenuColour::Light});
   return strokes;
 }
 

@@ -29,6 +29,7 @@ class MenuItems {
   GfxMenuItem* AddMenuItem(const std::wstring& text, std::int32_t command);
   std::int32_t FindImageIndex(std::int32_t command) const;  // kNoMenuImage without an entry
   int count() const { return static_cast<int>(items_.size()); }
+  std::size_t tableBytes() const { return items_.capacity() * sizeof(items_[0]); }
 
   std::vector<MenuImageId> imageIds;
 

@@ -65,6 +65,14 @@ TEST(MenuItems, TextsAreCutAtTheirRoom) {
   EXPECT_EQ(items.count(), 1);
 }
 
+TEST(MenuItems, TheTableHasRoomForWholeItems) {
+  MenuItems items;
+  for (std::size_t count = 1; count <= 5; ++count) {
+    items.AddMenuItem(L"a", 1);
+    EXPECT_EQ(items.tableBytes(), count * 264);
+  }
+}
+
 TEST(MenuItems, MarksAreTheirOwnImage) {
   MenuItems items;
   EXPECT_EQ(items.AddMenuItem(L"--", kMenuSeparator)->image, kMenuSeparator);
@@ -200,7 +208,13 @@ TEST(MenuDrawing, AFirstLevelSubMenuSinksWhenSelected) {
   EXPECT_EQ(plain.all<MenuText>()[0].flags, 37u);
   const auto sunken = Entry(L"more", kMenuSubMenu).draw(kSelected);
   EXPECT_EQ(edges(sunken.all<MenuFill>()[0].rect), (Place{2, 41, 200, 60}));
-  EXPECT_EQ(sunken.all<MenuFrame>()[0].topLeft, MenuColour::Shadow);
+  EXPECT_EQ(edges(sunken.all<MenuText>()[0].rect), (Place{2, 41, 200, 60}));
+  ASSERT_EQ(sunken.all<MenuFrame>().size(), 1u);
+  const MenuFrame frame = sunken.all<MenuFrame>()[0];
+  EXPECT_EQ(edges(frame.rect), (Place{0, 40, 200, 60})) << "around the whole entry";
+  EXPECT_EQ(frame.topLeft, MenuColour::Shadow);
+  EXPECT_EQ(frame.bottomRight, MenuColour::Light);
+  EXPECT_TRUE(Entry(L"more", kMenuSubMenu).draw(kSelectedDisabled).all<MenuFrame>().empty());
 }
 
 }  // namespace

@@ -46,7 +46,9 @@ CGfxOutBarCtrl::CGfxOutBarCtrl()
                ::GetSysColor(COLOR_3DHILIGHT),  ::GetSysColor(COLOR_3DDKSHADOW)},
       hand_(cursor(IDC_CURSOR_HAND)),
       drag_(cursor(IDC_CURSOR_COPY)),
-      noDrop_(cursor(IDC_CURSOR_FORBIDDEN)) {}
+      noDrop_(cursor(IDC_CURSOR_FORBIDDEN)) {
+  view_.small = IsSmallIconView();
+}
 
 BOOL CGfxOutBarCtrl::Create(DWORD style, const RECT& rect, CWnd* parent, UINT id, unsigned flags) {
   flags_ = flags;

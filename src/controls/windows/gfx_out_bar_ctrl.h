@@ -121,7 +121,7 @@ class CGfxOutBarCtrl : public CWnd {
   void paintArrow(CDC& dc, Arrow arrow, bool show);
   void paintContents(CDC& dc, int folder, const RECT& inside, int top);
   void folderLines(CDC& dc, const RECT& header, COLORREF outer, COLORREF inner);
-  void iconFrame(CDC& dc, int item, COLORREF topLeft, COLORREF bottomRight);
+  void iconFrame(CDC& dc, int folder, int item, COLORREF topLeft, COLORREF bottomRight);
   bool plain(int item) const;  // the selected item shows it otherwise than by a hover frame
 
   void pressFolder(int index);

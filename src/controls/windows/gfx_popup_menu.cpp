@@ -9,6 +9,7 @@ namespace {
 constexpr COLORREF kMask = 0xC0C0C0;
 constexpr int kImageWidth = 16;
 constexpr int kImageHeight = 15;
+constexpr UINT kMetricsSize = 500;  // without the last member, which old systems don't know
 
 // Menus within menus while they are remapped, one for all menus of the process.
 int& depth() {
@@ -31,11 +32,18 @@ CGfxPopupMenu::CGfxPopupMenu()
                ::GetSysColor(COLOR_GRAYTEXT)},
       face_(::GetSysColor(COLOR_BTNFACE)) {
   NONCLIENTMETRICSW metrics{};
-  metrics.cbSize = sizeof(metrics);
-  ::SystemParametersInfoW(SPI_GETNONCLIENTMETRICS, sizeof(metrics), &metrics, 0);
+  metrics.cbSize = kMetricsSize;
+  ::SystemParametersInfoW(SPI_GETNONCLIENTMETRICS, kMetricsSize, &metrics, 0);
   menuFont_.CreateFontIndirect(&metrics.lfMenuFont);
-  metrics.lfMenuFont.lfWeight = FW_BOLD;
-  boldFont_.CreateFontIndirect(&metrics.lfMenuFont);
+  CreateBoldFont();
+}
+
+BOOL CGfxPopupMenu::CreateBoldFont() {
+  boldFont_.DeleteObject();
+  LOGFONTW font{};
+  ::GetObjectW(menuFont_.GetSafeHandle(), sizeof(font), &font);
+  font.lfWeight = FW_BOLD;
+  return boldFont_.CreateFontIndirect(&font);
 }
 
 // The menu goes before the items that its entries point to.

@@ -22,6 +22,7 @@ class CGfxPopupMenu : public CMenu {
   void MeasureItem(MEASUREITEMSTRUCT* item) override;
 
  private:
+  BOOL CreateBoldFont();  // the menu's font in bold, in place of the one before
   COLORREF colour(MenuColour name, const CDC& dc) const;
   void remapSubMenu(CMenu& menu, int position);
   void remapEntry(CMenu& menu, int position, UINT id);

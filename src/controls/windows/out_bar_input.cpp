@@ -255,7 +255,8 @@ void CGfxOutBarCtrl::pressArrow(BarHit code) {
 bool CGfxOutBarCtrl::trackArrow(MouseLoop& loop, const Arrow& arrow, HeldButton& held) {
   MSG message;
   while (loop.next(message)) {
-    const bool tick = message.message == WM_TIMER && message.wParam == kArrowTimer;
+    const bool tick =
+        message.message == WM_TIMER && message.wParam == kArrowTimer && message.hwnd == m_hWnd;
     const bool swallowed = message.message == WM_KEYDOWN && message.wParam != VK_ESCAPE;
     if (message.message == WM_LBUTTONUP) {
       return CRect(arrow.rect).PtInRect(CPoint(message.lParam)) != FALSE;

@@ -112,7 +112,7 @@ void CGfxOutBarCtrl::DrawBarItem(CDC& dc, int folder, RECT rect, int item, bool 
     if (!iconOnly) dc.DrawText(label, place, DT_CENTER | DT_WORDBREAK);
   }
   if ((flags_ & BARF_SELECTFRAME) != 0 && item == selectedItem_) {
-    iconFrame(dc, item, colours_.darkShadow, colours_.face);
+    iconFrame(dc, folder, item, colours_.darkShadow, colours_.face);
   }
 }
 
@@ -162,8 +162,9 @@ bool CGfxOutBarCtrl::plain(int item) const {
   return item == selectedItem_ && (itemInterval_ > 0 || (flags_ & BARF_SELECTFRAME) != 0);
 }
 
-void CGfxOutBarCtrl::iconFrame(CDC& dc, int item, COLORREF topLeft, COLORREF bottomRight) {
-  CRect icon = layout().GetItemIconRect(view_.currentFolder, item);
+void CGfxOutBarCtrl::iconFrame(CDC& dc, int folder, int item, COLORREF topLeft,
+                               COLORREF bottomRight) {
+  CRect icon = layout().GetItemIconRect(folder, item);
   icon.InflateRect(1, 1);
   dc.Draw3dRect(icon, topLeft, bottomRight);
 }
@@ -175,10 +176,10 @@ void CGfxOutBarCtrl::HighlightItem(int item, bool pressed) {
   CClientDC dc(this);
   dc.IntersectClipRect(inside());
   if (IsValidItem(change->erase)) {
-    iconFrame(dc, change->erase, colours_.background, colours_.background);
+    iconFrame(dc, view_.currentFolder, change->erase, colours_.background, colours_.background);
   }
   if (!IsValidItem(change->draw)) return;
-  iconFrame(dc, change->draw, pressed ? colours_.darkShadow : colours_.face,
+  iconFrame(dc, view_.currentFolder, change->draw, pressed ? colours_.darkShadow : colours_.face,
             pressed ? colours_.face : colours_.darkShadow);
 }
 

@@ -48,6 +48,7 @@ void CGfxOutBarCtrl::AnimateFolderChange(int from, int to) {
       dc.BitBlt(inside.left, copy.y, inside.Width(), copy.height,
                 copy.second ? &opening.dc : &closing.dc, 0, copy.sourceRow, SRCCOPY);
     }
+    ::GdiFlush();  // each step is to be seen
     pauseFor(folderDelay_);
   }
 }

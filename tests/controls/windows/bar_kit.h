@@ -51,12 +51,13 @@ class NotingLibrary : public BarLibrary {
   }
 };
 
-// Tells what menu it shows.
+// Tells what menu it shows and which keys reach it.
 class WatchedBar : public CGfxOutBarCtrl {
  public:
   HMENU menu = nullptr;  // open at the moment
   bool menuDrawn = false;
   int folderChanges = 0;
+  std::vector<WPARAM> keys;
 
  protected:
   LRESULT WindowProc(UINT message, WPARAM w, LPARAM l) override {
@@ -64,6 +65,7 @@ class WatchedBar : public CGfxOutBarCtrl {
     if (message == WM_ENTERIDLE) menuDrawn = true;
     if (message == WM_UNINITMENUPOPUP) menu = nullptr, menuDrawn = false;
     if (message == BARM_NOTIFY && w == BARN_FOLDERCHANGED) ++folderChanges;
+    if (message == WM_KEYDOWN) keys.push_back(w);
     return CGfxOutBarCtrl::WindowProc(message, w, l);
   }
 };
@@ -118,8 +120,16 @@ class BarWindow : public testing::Test {
     bar_->Invalidate();
     AfxPumpWaitingMessages();
   }
-  // The pointer is beside the bar.
-  void outside() { EXPECT_EQ(WindowScript().move(frame_->m_hWnd, 250, 350).run(), ""); }
+  // The pointer goes beside the bar, and the hover frames with it.
+  WindowScript& leave(WindowScript& script) {
+    script.move(frame_->m_hWnd, 250, 350);
+    return script.waitFor(
+        "no hover", [this] { return bar_->hover().folder == -1 && bar_->hover().item == -1; });
+  }
+  void outside() {
+    WindowScript script;
+    EXPECT_EQ(leave(script).run(), "");
+  }
   HWND window() const { return bar_->m_hWnd; }
   std::wstring order() const {
     std::wstring text;
@@ -152,6 +162,15 @@ class BarWindow : public testing::Test {
     WindowScript script;
     drop(hold(script, point));
     EXPECT_EQ(script.run(), "");
+  }
+  // How many pixels differ from a picture that was taken before.
+  int changedSince(const window_kit::Picture& before) const {
+    const auto now = pictureOf(window());
+    int changed = 0;
+    for (int y = 0; y < now.height(); ++y) {
+      for (int x = 0; x < now.width(); ++x) changed += now.at(x, y) != before.at(x, y) ? 1 : 0;
+    }
+    return changed;
   }
   bool frameAround(const CRect& icon, std::uint32_t topLeft, std::uint32_t bottomRight) {
     const auto picture = pictureOf(window());
