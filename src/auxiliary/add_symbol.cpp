@@ -2,6 +2,7 @@
 
 #include <cstdint>
 #include <memory>
+#include <optional>
 #include <vector>
 
 #include "auxiliary/auxiliary_library.h"
@@ -9,6 +10,7 @@
 #include "module/value_chain.h"
 #include "platform/acad.h"
 #include "platform/common_funcs.h"
+#include "platform/framework_files.h"
 #include "platform/framework_runtime.h"
 #include "platform/slide_capture.h"
 #include "platform/slide_store.h"
@@ -70,27 +72,35 @@ std::unique_ptr<AcDbDatabase> writeOut(AcDbObjectId block) {
   return status == Acad::eOk ? std::move(drawing) : nullptr;
 }
 
+// A link of that name goes: the drawing would be written where it leads. Whether saving went well
+// is seen when the file is read back.
+void save(AcDbDatabase& drawing, const std::wstring& path) {
+  if (isLink(path)) removeFile(path);
+  drawing.saveAs(path.c_str(), false, kFileVersion, nullptr);
+}
+
 using Slide = std::vector<std::uint8_t>;
 
-// The picture of the drawing file. Empty, with a message, when there is none.
-Slide captured(AuxiliaryLibrary& library, const std::wstring& path) {
+// The picture of the drawing file. None, with a message, when it can't be had.
+std::optional<Slide> captured(AuxiliaryLibrary& library, const std::wstring& path) {
   AcDbDatabase drawing(false, false);
   if (drawing.readDwgFile(path.c_str(), kShare, false, nullptr) != Acad::eOk) {
     library.bar().notice(L"读取文件失败!");
-    return {};
+    return std::nullopt;
   }
   CGetSld picture(&drawing);
   picture.SetChineseShxFileName(systemFolder() + L"\\datcom\\chinese.wzk");
   picture.SetEnglishShxFileName(systemFolder() + L"\\datcom\\english.wzk");
   if (picture.GetSldData() == 0) {
     acutPrintf(L"\n生成Sld失败!");
-    return {};
+    return std::nullopt;
   }
-  return {picture.data, picture.data + picture.size};
+  return Slide(picture.data, picture.data + picture.size);
 }
 
 // What fails here leaves an item without a slide.
 void storeSlide(const std::wstring& path, const std::wstring& name, const Slide& slide) {
+  if (isLink(path)) return;  // to another library
   CSlbMan slides;
   slides.OnOpenDocument(path.c_str());
   slides.AddSlideW(name.c_str(), slide.data(), static_cast<std::uint32_t>(slide.size()));
@@ -110,17 +120,21 @@ int AddSymbolFromDrawing(AuxiliaryLibrary& library) {
     return RTERROR;
   }
   const NewItem item = library.NewItemKeys();
+  if (item.block.empty()) {
+    acutPrintf(L"\n当前图库组无法增加图库项!");
+    return RTERROR;
+  }
   const std::wstring path = inFolder(item.folderPath, item.block + L".dwg");
-  drawing->saveAs(path.c_str(), false, kFileVersion, nullptr);  // reading it back tells
+  save(*drawing, path);
   drawing.reset();
-  const Slide slide = captured(library, path);
-  if (slide.empty()) {
+  const std::optional<Slide> slide = captured(library, path);
+  if (!slide) {
     removeFile(path);
     library.RemoveItemKeys(item.label);
     return RTERROR;
   }
   const std::wstring slides = inFolder(item.folderPath, item.directory + L".slb");
-  storeSlide(slides, item.block, slide);
+  storeSlide(slides, item.block, *slide);
   library.AddItemImage(slides, item.block, item.label);
   return RTNORM;
 }

@@ -16,6 +16,7 @@ namespace {
 constexpr unsigned kOkOrCancel = 33;  // with a question mark
 constexpr const wchar_t* kGroup = L"\"图库组吗?";
 constexpr const wchar_t* kItem = L"\"图库项吗?";
+constexpr const wchar_t* kTooLong = L"数据过长,辅助功能库未修改!";
 
 // The waiting prompt takes the text as an answer. Behind the two characters stands a terminating
 // one, and the length counts one more.
@@ -39,6 +40,10 @@ void AuxiliaryLibrary::NewGroup() {
   const int count = bar_.folderCount();
   for (int i = 0; i < count; ++i) names.push_back(bar_.folderName(i));
   const std::wstring title = newGroupTitle(names);
+  if (!store_.hasRoomFor(title)) {
+    bar_.notice(kTooLong);
+    return;
+  }
   bar_.addFolder(title, count);
   bar_.repaint();
   store_.addGroup(title);
@@ -75,10 +80,12 @@ void AuxiliaryLibrary::RemoveItemFiles(int item) {
   const auto symbol = store_.takeItem(openTitle(), item);
   if (!symbol) return;
   removeFile(store_.drawingPath(*symbol));
+  const std::wstring path = store_.slidePath(symbol->directory);
+  if (isLink(path)) return;  // its slides are another library's
   CSlideLibraryData slides;
-  slides.ReadDataFromFileW(store_.slidePath(symbol->directory));
+  slides.ReadDataFromFileW(path);
   slides.DeleteSlideFromSlb(symbol->block);
-  slides.WriteDataToFile(store_.slidePath(symbol->directory));
+  slides.WriteDataToFile(path);
 }
 
 NewItem AuxiliaryLibrary::NewItemKeys() {
@@ -135,6 +142,7 @@ void AuxiliaryLibrary::itemRenamed(int item, const std::wstring& text) {
   const int folder = bar_.openFolder();
   switch (store_.renameItem(folder, item, text)) {
     case Renaming::taken: bar_.notice(L"已有此名的符号!"); break;
+    case Renaming::tooLong: bar_.notice(kTooLong); break;
     case Renaming::done: bar_.setItemLabel(folder, item, text); break;
     case Renaming::nothing: break;
   }
@@ -144,6 +152,7 @@ void AuxiliaryLibrary::itemRenamed(int item, const std::wstring& text) {
 void AuxiliaryLibrary::folderRenamed(int folder, const std::wstring& text) {
   switch (store_.renameGroup(folder, text)) {
     case Renaming::taken: bar_.notice(L"已有此名的标题!"); break;
+    case Renaming::tooLong: bar_.notice(kTooLong); break;
     case Renaming::done: bar_.setFolderName(folder, text); break;
     case Renaming::nothing: break;
   }

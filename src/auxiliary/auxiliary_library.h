@@ -34,6 +34,7 @@ class AuxiliaryLibrary {
   // --- items of the open folder ---
   void RemoveItem(int item);  // asks first
   void RemoveItemFiles(int item);
+  // Without a block name where the group can't take an item; nothing has changed then.
   NewItem NewItemKeys();
   void RemoveItemKeys(const std::wstring& label);
   // Shows a new item behind the others, with its slide as icon.

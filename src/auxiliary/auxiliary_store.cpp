@@ -27,6 +27,11 @@ CStringArray AuxiliaryStore::list(const std::wstring& key) const {
   return names;
 }
 
+// Whether the names fit into one value of the tree.
+bool AuxiliaryStore::fits(const CStringArray& names) {
+  return joinNames(names, keys::kSeparator).size() <= kLongestTreeText;
+}
+
 void AuxiliaryStore::storeList(const std::wstring& key, const CStringArray& names) {
   storeText(tree_, key, joinNames(names, keys::kSeparator));
 }
@@ -101,6 +106,9 @@ bool AuxiliaryStore::writeChoice(int folder, const std::wstring& label) {
   const std::wstring title = groups.GetAt(folder).wide();
   const SymbolFiles symbol{directoryOf(title), blockOf(title, label)};
   if (symbol.directory.empty() || symbol.block.empty()) return false;
+  // Set anew also when it is the same: another program may have chosen meanwhile.
+  tree_.DeleteSubKeyW(keys::kChosenBlock);
+  tree_.DeleteSubKeyW(keys::kChosenType);
   storeText(tree_, keys::kChosenBlock, drawingPath(symbol));
   storeNumber(tree_, keys::kChosenType, folder);
   return true;

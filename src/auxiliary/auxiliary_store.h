@@ -32,8 +32,9 @@ int CreateEmptySlideLibrary(const wchar_t* path);
 // The name within the folder, without a second backslash between them.
 std::wstring inFolder(const std::wstring& folder, const std::wstring& name);
 
-// What became of a new name: nothing can be renamed, another entry has it, or it holds.
-enum class Renaming { nothing, taken, done };
+// What became of a new name: nothing can be renamed, another entry has it, the list with it would
+// be longer than a value of the tree can be, or it holds.
+enum class Renaming { nothing, taken, tooLong, done };
 
 // A symbol by its files: <library>\<directory>\<block>.dwg.
 struct SymbolFiles {
@@ -64,6 +65,7 @@ class AuxiliaryStore {
   std::wstring drawingPath(const SymbolFiles& symbol) const;
 
   // --- groups ---
+  bool hasRoomFor(const std::wstring& title) const;  // in the list of titles
   void addGroup(const std::wstring& title);
   void setDirectory(const std::wstring& title, const std::wstring& directory);
   // Takes the group out of list and tree; its directory, empty when it has none.
@@ -71,7 +73,8 @@ class AuxiliaryStore {
   Renaming renameGroup(int folder, const std::wstring& text);
 
   // --- items ---
-  // Puts the label at the end of the group, with a block name of its own.
+  // Puts the label at the end of the group, with a block name of its own. Without a block name, and
+  // with nothing changed, where the list has no room or the title is no single level of a key.
   SymbolFiles addItem(const std::wstring& title, const std::wstring& label);
   // Undoes addItem. An unknown label leaves the list as it is.
   void removeItem(const std::wstring& title, const std::wstring& label);
@@ -94,6 +97,7 @@ class AuxiliaryStore {
 
  private:
   CStringArray list(const std::wstring& key) const;
+  static bool fits(const CStringArray& names);
   void storeList(const std::wstring& key, const CStringArray& names);
   std::wstring value(const std::wstring& key) const;
   bool writeChoice(int folder, const std::wstring& label);

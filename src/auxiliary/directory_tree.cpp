@@ -4,6 +4,7 @@
 #include "platform/framework_files.h"
 
 void DeleteDirectoryTree(const std::wstring& path) {
+  if (!isFolder(path)) return;
   if (!isLink(path)) {
     for (const FolderEntry& entry : folderEntries(path)) {
       const std::wstring inside = path + L"\\" + entry.name;

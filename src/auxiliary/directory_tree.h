@@ -3,8 +3,9 @@
 
 #include <string>
 
-// Deletes what stands in the folder, then the folder. A link is deleted itself and never followed.
-// What can't be deleted stays, without a word.
+// Deletes what stands in the folder, then the folder. A link is deleted itself and never followed;
+// a file in the folder's place is none of the caller's. What can't be deleted stays, without a
+// word.
 void DeleteDirectoryTree(const std::wstring& path);
 
 // The first number from 1 on whose directory isn't there, as a name, within the library's folder,

@@ -7,6 +7,12 @@
 
 namespace keys = auxiliary_keys;
 
+bool AuxiliaryStore::hasRoomFor(const std::wstring& title) const {
+  CStringArray all = titles();
+  all.Add(title);
+  return fits(all);
+}
+
 void AuxiliaryStore::addGroup(const std::wstring& title) {
   CStringArray all = titles();
   all.Add(title);
@@ -36,8 +42,9 @@ Renaming AuxiliaryStore::renameGroup(int folder, const std::wstring& text) {
   if (hasOther(all, folder, text)) return Renaming::taken;
   if (folder >= 0 && folder < all.GetSize()) {
     const std::wstring title = all.GetAt(folder).wide();
-    if (isOneLevel(title)) tree_.RenameSubKeyW(keys::group(title).c_str(), text.c_str());
     all.SetAt(folder, text);
+    if (!fits(all)) return Renaming::tooLong;
+    if (isOneLevel(title)) tree_.RenameSubKeyW(keys::group(title).c_str(), text.c_str());
     storeList(keys::kIndex, all);
   }
   return Renaming::done;

@@ -5,6 +5,7 @@
 #include "auxiliary/new_names.h"
 #include "auxiliary/renaming.h"
 #include "module/tree_values.h"
+#include "platform/framework_exceptions.h"
 
 namespace keys = auxiliary_keys;
 
@@ -13,12 +14,11 @@ SymbolFiles AuxiliaryStore::addItem(const std::wstring& title, const std::wstrin
   NameList blocks;
   for (const CString& each : labels) blocks.push_back(blockOf(title, each.wide()));
   const std::wstring directory = directoryOf(title);
+  labels.Add(label);
+  if (!isOneLevel(title) || !fits(labels)) return {directory, {}};
   const std::wstring block = newBlockName(directory, blocks);
-  if (isOneLevel(title)) {
-    labels.Add(label);
-    storeList(keys::items(title), labels);
-    storeText(tree_, keys::item(title, label), block);
-  }
+  storeList(keys::items(title), labels);
+  storeText(tree_, keys::item(title, label), block);
   return {directory, block};
 }
 
@@ -57,8 +57,9 @@ Renaming AuxiliaryStore::renameItem(int folder, int item, const std::wstring& te
   if (hasOther(labels, item, text)) return Renaming::taken;
   if (item >= 0 && item < labels.GetSize()) {
     const std::wstring label = labels.GetAt(item).wide();
-    if (isOneLevel(label)) tree_.RenameSubKeyW(keys::item(title, label).c_str(), text.c_str());
     labels.SetAt(item, text);
+    if (!fits(labels)) return Renaming::tooLong;
+    if (isOneLevel(label)) tree_.RenameSubKeyW(keys::item(title, label).c_str(), text.c_str());
     storeList(keys::items(title), labels);
   }
   return Renaming::done;
@@ -69,6 +70,7 @@ bool AuxiliaryStore::moveItem(const std::wstring& title, int source, int target)
   CStringArray labels = labelsOf(title);
   if (labels.IsEmpty()) return false;
   const CString label = labels.GetAt(source);
+  if (target > labels.GetSize()) AfxThrowInvalidArgException();  // inserting there would pad
   if (source < target) {
     labels.InsertAt(target, label);
     labels.RemoveAt(source);

@@ -1,6 +1,7 @@
 #include "auxiliary/new_names.h"
 
 #include <algorithm>
+#include <string_view>
 
 #include "platform/framework_runtime.h"
 #include "platform/framework_text.h"
@@ -46,9 +47,23 @@ std::wstring newBlockName(const std::wstring& directory, const NameList& taken) 
   return firstFree(taken, [&](int number) { return stem + zeroFilled(L"%03d", number); });
 }
 
+namespace {
+
+// Windows takes these for a device in every folder and whatever extension follows.
+bool isDevice(const std::wstring& name) {
+  std::wstring stem = name.substr(0, name.find(L'.'));
+  stem.erase(stem.find_last_not_of(L' ') + 1);
+  if (isTaken(stem, {L"CON", L"PRN", L"AUX", L"NUL", L"CONIN$", L"CONOUT$"})) return true;
+  constexpr std::wstring_view kPorts = L"0123456789\u00B9\u00B2\u00B3";
+  return stem.size() == 4 && isTaken(stem.substr(0, 3), {L"COM", L"LPT"}) &&
+         kPorts.find(stem.back()) != kPorts.npos;
+}
+
+}  // namespace
+
 bool isPlainName(const std::wstring& name) {
   if (name.find_first_of(std::wstring(L"\\/:*?\"<>|") + L'\0') != name.npos) return false;
-  return name.find_last_not_of(L". ") + 1 == name.size() && !name.empty();
+  return name.find_last_not_of(L". ") + 1 == name.size() && !name.empty() && !isDevice(name);
 }
 
 bool isOneLevel(const std::wstring& name) { return !name.empty() && name.find(L'\\') == name.npos; }

@@ -17,8 +17,8 @@ std::wstring newItemLabel(const std::wstring& title, const NameList& taken);
 std::wstring newBlockName(const std::wstring& directory, const NameList& taken);
 
 // True for a name that stands for an entry of the folder it is looked up in, and for nothing
-// elsewhere: no separator, drive or stream, not "." or "..", also behind the blanks and dots that
-// the system drops at the end.
+// elsewhere: no separator, drive, stream or device, not "." or "..", also behind the blanks and
+// dots that the system drops at the end.
 bool isPlainName(const std::wstring& name);
 // True for one level of a key in the tree.
 bool isOneLevel(const std::wstring& name);

@@ -95,8 +95,38 @@ TEST_F(AddSymbol, GroupWithoutDirectoryKeepsTheDrawingInTheLibrarysOwnFolder) {
   put(L"数据\\仪表", L"");
   answer(RTNORM);
   EXPECT_EQ(add(), RTNORM);
+  EXPECT_EQ(host().drawings.at(4), L"save " + libraryFolder() + L"FG001.dwg 23");
   EXPECT_TRUE(exists("FG001.dwg"));
+  CSlideLibraryData slides;
+  slides.ReadDataFromFileW(libraryFolder() + L".slb");
+  EXPECT_NE(slides.GetIndexFromName(L"FG001"), kNoSlide);
+  EXPECT_EQ(value(L"数据\\仪表\\数据\\仪表-4"), L"FG001");
 }
+
+TEST_F(AddSymbol, GroupThatTakesNoItemIsToldBeforeAnythingIsWritten) {
+  answer(RTNORM);
+  loaded().folderRenamed(0, L"a\\b");
+  EXPECT_EQ(AddSymbolFromDrawing(library()), RTERROR);
+  EXPECT_EQ(test::takeTranscript(), L"\n当前图库组无法增加图库项!");
+  EXPECT_EQ(host().drawings.back(), L"wblock SOURCE");
+  EXPECT_EQ(bar_.itemCount(0), 3);
+}
+
+#ifndef _WIN32
+TEST_F(AddSymbol, LinksInTheGroupsFolderAreNotFollowed) {
+  const std::filesystem::path elsewhere = install_.folder() / "elsewhere";
+  const std::string slides = test::bytesOf(file("fzgn0001/fzgn0001.slb"));
+  test::writeBytes(elsewhere, "precious");
+  std::filesystem::create_symlink(elsewhere, file("fzgn0001/FG001004.dwg"));
+  std::filesystem::rename(file("fzgn0001/fzgn0001.slb"), install_.folder() / "slides");
+  std::filesystem::create_symlink(install_.folder() / "slides", file("fzgn0001/fzgn0001.slb"));
+  answer(RTNORM);
+  EXPECT_EQ(add(), RTNORM);
+  EXPECT_EQ(test::bytesOf(elsewhere), "precious");
+  EXPECT_EQ(test::bytesOf(install_.folder() / "slides"), slides);
+  EXPECT_EQ(bar_.image(0, 3), -1);
+}
+#endif
 
 TEST_F(AddSymbol, EntityWithoutAnIdIsReported) {
   answer(RTNORM);
@@ -127,6 +157,7 @@ TEST_F(AddSymbol, BlockThatCantBeWrittenOutIsReported) {
   host().fail(L"wblock");
   EXPECT_EQ(add(), RTERROR);
   EXPECT_EQ(test::takeTranscript(), L"\n生成新图失败!");
+  EXPECT_EQ(host().drawings, (Log{L"dimblk .", L"dimblk1 .", L"dimblk2 ."}));  // and never back
   expectNothingLeft();
 }
 
@@ -164,6 +195,15 @@ TEST_F(AddSymbol, SlideThatCantBeStoredLeavesAnItemWithoutImage) {
   EXPECT_EQ(bar_.labels(0).back(), L"仪表-4");
   EXPECT_EQ(bar_.image(0, 3), -1);
   EXPECT_TRUE(exists("fzgn0001/FG001004.dwg"));
+  EXPECT_EQ(value(L"数据\\仪表\\数据\\仪表-4"), L"FG001004");
+}
+
+TEST_F(AddSymbol, SlideWithoutBytesLeavesAnItemWithoutImage) {
+  answer(RTNORM);
+  host().fail(L"slide bytes");
+  EXPECT_EQ(add(), RTNORM);
+  EXPECT_EQ(bar_.image(0, 3), -1);
+  EXPECT_EQ(value(L"数据\\仪表\\索引"), L"仪表-1&仪表-2&仪表-3&仪表-4&");
 }
 
 TEST_F(AddSymbol, WithoutAnyFolderItRaisesAndWritesNothing) {

@@ -111,6 +111,19 @@ TEST_F(Auxiliary, ChoiceIsWrittenToTheFileAtOnce) {
   EXPECT_EQ(inFile(L"当前选择\\类型"), L"1");
 }
 
+TEST_F(Auxiliary, SameChoiceIsWrittenAgainOverAnotherPrograms) {
+  putTwoGroups();
+  AuxiliaryStore mine;
+  mine.chooseItem(1, L"灯");
+  AuxiliaryStore().chooseItem(0, L"仪表-2");
+  EXPECT_EQ(inFile(L"当前选择\\类型"), L"0");
+  mine.chooseItem(1, L"灯");
+  EXPECT_EQ(inFile(L"当前选择\\类型"), L"1");
+  std::filesystem::remove(install_.library() / "zhlFzgn.qdp");
+  mine.chooseItem(1, L"灯");
+  EXPECT_EQ(titles(), (Names{L"仪表", L"信号"}));
+}
+
 TEST_F(Auxiliary, ItemWithoutBlockNameWritesNoChoiceButTheFile) {
   putTwoGroups();
   AuxiliaryStore store;
@@ -134,6 +147,9 @@ TEST(NameLists, SplitTellsWhetherThereWasASeparator) {
   CStringArray names;
   EXPECT_EQ(SplitNameList(L"a&b", L"&", names), 1);
   EXPECT_EQ(namesOf(names), (Names{L"a", L"b"}));
+  names.RemoveAll();
+  EXPECT_EQ(SplitNameList(L"&&a&", L"&", names), 1);
+  EXPECT_EQ(namesOf(names), (Names{L"", L"", L"a"}));
   EXPECT_EQ(SplitNameList(L"a", L"&", names), 0);
   EXPECT_EQ(SplitNameList(L"a", L"", names), 0);
 }

@@ -59,6 +59,34 @@ TEST_F(Clicks, ItemWithoutBlockNameKeepsTheChoiceAndIsSentAllTheSame) {
   EXPECT_EQ(sent(), (std::vector{kChosen, kChosen}));
 }
 
+TEST_F(Clicks, GroupWithoutDirectoryIsNoChoiceAndIsSentAllTheSame) {
+  put(L"数据\\仪表", L"");
+  loaded().itemClicked(0);
+  EXPECT_EQ(inFile(L"当前选择\\块名"), L"(none)");
+  EXPECT_EQ(sent(), std::vector{kChosen});
+}
+
+TEST_F(Clicks, WithoutAnyTitleTheFileIsWrittenAllTheSame) {
+  put(L"索引", L"");
+  loaded();
+  bar_.addFolder(L"a", 0);
+  bar_.insertItem(0, 0, L"b", -1);
+  library().store().tree().SetSubValueW(L"图标状态", 2, L"1", 0);
+  library().itemClicked(0);
+  EXPECT_EQ(inFile(L"图标状态"), L"1");
+  EXPECT_EQ(inFile(L"当前选择\\类型"), L"(none)");
+  EXPECT_EQ(sent(), std::vector{kChosen});
+}
+
+TEST_F(Clicks, FolderBehindTheListRaisesAndSendsNothing) {
+  loaded();
+  bar_.addFolder(L"nowhere", 3);
+  bar_.selectFolder(3);
+  bar_.insertItem(3, 0, L"b", -1);
+  test::expectInvalidArgument([&] { library().itemClicked(0); });
+  EXPECT_TRUE(sent().empty());
+}
+
 TEST_F(Clicks, StaleItemChoosesNothing) {
   loaded().itemClicked(9);
   EXPECT_EQ(inFile(L"当前选择\\块名"), L"(none)");

@@ -9,6 +9,7 @@ using test::writeBytes;
 namespace fs = std::filesystem;
 
 constexpr const wchar_t* kNoFolder = L"创建路径失败,请检查磁盘是否写保护!\n驱动器是否关闭!";
+constexpr const wchar_t* kTooLong = L"数据过长,辅助功能库未修改!";
 
 class Groups : public LibraryFixture {};
 
@@ -22,6 +23,15 @@ TEST_F(Groups, NewOneHasTitleTypeDirectoryAndAnEmptySlideLibrary) {
   EXPECT_EQ(value(L"数据\\新建图库组"), L"fzgn0004");
   EXPECT_EQ(bytesOf(file("fzgn0004/fzgn0004.slb")).size(), 68u);
   EXPECT_EQ(inFile(L"索引"), L"仪表&信号&接地&");  // until the next click
+}
+
+TEST_F(Groups, LengthsOfValuesCountTheTerminator) {
+  loaded().NewGroup();
+  EXPECT_EQ(lengthOf(L"数据\\新建图库组\\类型"), 2);
+  EXPECT_EQ(lengthOf(L"数据\\新建图库组"), 9);
+  EXPECT_EQ(lengthOf(L"索引"), 16);
+  for (int i = 0; i < 4; ++i) library().RemoveGroup(0);
+  EXPECT_EQ(lengthOf(L"索引"), 1);
 }
 
 TEST_F(Groups, NewOnesAreNumbered) {
@@ -51,6 +61,15 @@ TEST_F(Groups, DirectoryThatCantBeMadeLeavesTheGroupWithoutOne) {
   EXPECT_EQ(value(L"索引"), L"仪表&信号&接地&新建图库组&");
   EXPECT_EQ(value(L"数据\\新建图库组"), L"(none)");
   EXPECT_EQ(bytesOf(file("fzgn0004")), "a file");
+}
+
+TEST_F(Groups, LibraryWhoseFolderIsGoneTakesAGroupWithoutDirectory) {
+  loaded();
+  fs::remove_all(install_.library());
+  library().NewGroup();
+  EXPECT_EQ(bar_.log, (Log{L"all", kNoFolder}));
+  EXPECT_EQ(value(L"数据\\新建图库组\\类型"), L"0");
+  EXPECT_FALSE(fs::exists(install_.library()));
 }
 
 TEST_F(Groups, ListWithoutFinalSeparatorIsWrittenBackWithOne) {
@@ -116,6 +135,7 @@ TEST_F(Groups, FolderWithoutEntryInTheListIsGoneFromTheBarBeforeItRaises) {
   bar_.addFolder(L"nowhere", 3);
   test::expectInvalidArgument([&] { library().RemoveGroup(3); });
   EXPECT_EQ(bar_.folderCount(), 3);
+  EXPECT_EQ(bar_.log.back(), L"all");
   EXPECT_EQ(value(L"索引"), L"仪表&信号&接地&");
 }
 
@@ -137,7 +157,28 @@ TEST_F(Groups, DeletingTakesTreesBelowTheFolder) {
 TEST_F(Groups, DirectoryValuesThatLeadElsewhereAreRefused) {
   fs::create_directories(install_.root() / "Datcom" / "other");
   writeBytes(install_.root() / "Datcom" / "other" / "keep.txt", "x");
-  for (const wchar_t* value : {L"..", L"..\\other", L"../other", L".", L"", L".. ", L"C:\\"}) {
+  const std::wstring other = test::Install::wide(install_.root() / "Datcom" / "other");
+  for (const std::wstring& value : Names{L"..",
+                                         L"..\\other",
+                                         L"../other",
+                                         L".",
+                                         L"",
+                                         L".. ",
+                                         L"...",
+                                         L"C:\\",
+                                         L"C:",
+                                         L"C:fzgn0002",
+                                         other,
+                                         L"fzgn0002\\..\\..\\other",
+                                         L"fzgn0002/../../other",
+                                         L"\\\\server\\share",
+                                         L"fzgn0002.",
+                                         L"fzgn0002 ",
+                                         L"fzgn0002::$DATA",
+                                         L"NUL",
+                                         L"COM1",
+                                         L"zhlFzgn.qdp",
+                                         L"zhlFzgn.qdp.bak"}) {
     put(L"数据\\信号", value);
     put(L"数据\\信号\\类型", L"0");
     put(L"索引", L"仪表&信号&接地&");
@@ -149,7 +190,9 @@ TEST_F(Groups, DirectoryValuesThatLeadElsewhereAreRefused) {
   }
   EXPECT_TRUE(fs::exists(install_.root() / "Datcom" / "other" / "keep.txt"));
   EXPECT_TRUE(exists("fzgn0001/FG001001.dwg"));
+  EXPECT_TRUE(exists("fzgn0002/FG002001.dwg"));
   EXPECT_TRUE(exists("zhlFzgn.qdp"));
+  EXPECT_TRUE(exists("zhlFzgn.qdp.bak"));
 }
 
 TEST_F(Groups, TitleThatLeadsIntoAnotherGroupsKeysDeletesNothing) {
@@ -219,6 +262,28 @@ TEST_F(Groups, TitlesMayDifferInCaseAlone) {
   loaded().folderRenamed(1, L"Lamps");
   library().folderRenamed(2, L"LAMPS");
   EXPECT_EQ(value(L"索引"), L"仪表&Lamps&LAMPS&");
+  library().RemoveGroup(1);
+  EXPECT_EQ(value(L"数据\\Lamps"), L"(none)");
+  EXPECT_EQ(value(L"数据\\LAMPS"), L"fzgn0003");
+}
+
+TEST_F(Groups, TitleThatMakesTheListTooLongIsRefused) {
+  loaded().folderRenamed(0, std::wstring(20000, L'a'));
+  bar_.log.clear();
+  library().folderRenamed(1, std::wstring(13000, L'b'));
+  EXPECT_EQ(bar_.log, (Log{kTooLong, L"header 1"}));
+  EXPECT_EQ(bar_.titles().at(1), L"信号");
+  EXPECT_EQ(value(L"数据\\信号"), L"fzgn0002");
+  EXPECT_TRUE(value(L"索引") == std::wstring(20000, L'a') + L"&信号&接地&");
+}
+
+TEST_F(Groups, NewOneIsRefusedWhereTheListHasNoRoom) {
+  loaded().folderRenamed(0, std::wstring(32758, L'a'));
+  bar_.log.clear();
+  library().NewGroup();
+  EXPECT_EQ(bar_.log, Log{kTooLong});
+  EXPECT_EQ(bar_.folderCount(), 3);
+  EXPECT_FALSE(exists("fzgn0004"));
 }
 
 TEST_F(Groups, RenamingWithAnEmptyListChangesNothing) {
@@ -257,6 +322,15 @@ TEST_F(Groups, TitleWithABackslashLosesItsGroupButNoFile) {
   library().RemoveGroup(1);
   EXPECT_TRUE(exists("fzgn0002/FG002001.dwg"));
   EXPECT_EQ(value(L"数据\\仪表\\数据\\仪表-1"), L"FG001001");
+}
+
+TEST_F(Groups, TitleWithABackslashIsNotShownAgain) {
+  loaded().folderRenamed(2, L"a\\b");
+  library().close();
+  NotingBar again;
+  AuxiliaryLibrary(again).LoadStore();
+  EXPECT_EQ(again.titles(), (Names{L"仪表", L"信号"}));
+  EXPECT_EQ(inFile(L"索引"), L"仪表&信号&a\\b&");
 }
 
 // The list then has one title more than the bar has folders.

@@ -52,6 +52,21 @@ TEST_F(Items, NewOneIsNeverPutWhereADamagedDirectoryLeads) {
   EXPECT_EQ(loaded().NewItemKeys().folderPath, libraryFolder());
 }
 
+// The tree can't hold that group's keys, so that nothing would find the item again.
+TEST_F(Items, GroupWhoseTitleHasABackslashTakesNone) {
+  loaded().folderRenamed(0, L"a\\b");
+  EXPECT_EQ(library().NewItemKeys().block, L"");
+  EXPECT_EQ(value(L"数据\\a"), L"(none)");
+}
+
+TEST_F(Items, GroupWhoseListIsFullTakesNone) {
+  const std::wstring longLabel(32755, L'a');
+  loaded().itemRenamed(0, longLabel);
+  EXPECT_EQ(library().NewItemKeys().block, L"");
+  EXPECT_TRUE(list() == longLabel + L"&仪表-2&仪表-3&");
+  EXPECT_EQ(value(L"数据\\仪表\\数据\\仪表-4"), L"(none)");
+}
+
 TEST_F(Items, RemovingKeysUndoesNewOnes) {
   const NewItem item = loaded().NewItemKeys();
   library().RemoveItemKeys(item.label);
@@ -66,13 +81,37 @@ TEST_F(Items, RemovingKeysOfAnUnknownLabelKeepsTheList) {
   EXPECT_EQ(value(L"数据\\仪表\\数据\\仪表-1"), L"FG001001");
 }
 
+TEST_F(Items, RemovingKeysTakesTheFirstMatchWithCase) {
+  put(L"数据\\仪表\\索引", L"a&A&b&A&");
+  put(L"数据\\仪表\\数据\\a", L"FG001001");
+  put(L"数据\\仪表\\数据\\A", L"FG001002");
+  loaded().RemoveItemKeys(L"A");
+  EXPECT_EQ(list(), L"a&b&A&");
+  EXPECT_EQ(value(L"数据\\仪表\\数据\\a"), L"FG001001");
+  EXPECT_EQ(value(L"数据\\仪表\\数据\\A"), L"(none)");
+}
+
+TEST_F(Items, RemovingKeysTakesTheKeyOfALabelThatIsNotListed) {
+  put(L"数据\\仪表\\数据\\x", L"FG001009");
+  loaded().RemoveItemKeys(L"x");
+  EXPECT_EQ(list(), L"仪表-1&仪表-2&仪表-3&");
+  EXPECT_EQ(value(L"数据\\仪表\\数据\\x"), L"(none)");
+}
+
+TEST_F(Items, RemovingKeysInAGroupWithoutListChangesNothing) {
+  put(L"数据\\接地\\数据\\x", L"FG003001");
+  loaded();
+  bar_.selectFolder(2);
+  library().RemoveItemKeys(L"x");
+  EXPECT_EQ(lengthOf(L"数据\\接地\\索引"), -1);
+  EXPECT_EQ(value(L"数据\\接地\\数据\\x"), L"FG003001");
+}
+
 TEST_F(Items, RemovingTheLastKeysLeavesAnEmptyText) {
   loaded();
   bar_.selectFolder(2);
   library().RemoveItemKeys(library().NewItemKeys().label);
-  const CQuillDpNode* node = library().store().tree().GetSubValueFromPathW(0, L"数据\\接地\\索引");
-  ASSERT_NE(node, nullptr);
-  EXPECT_EQ(node->length, 1);
+  EXPECT_EQ(lengthOf(L"数据\\接地\\索引"), 1);
   EXPECT_TRUE(library().store().labels(2).IsEmpty());
 }
 
@@ -159,7 +198,8 @@ TEST_F(Items, DeletingOneWithoutBlockNameTakesItFromTheListAlone) {
 }
 
 TEST_F(Items, BlockNamesThatLeadElsewhereDeleteNothing) {
-  for (const wchar_t* block : {L"..\\fzgn0002\\FG002001", L"..", L"../fzgn0002/FG002001"}) {
+  for (const wchar_t* block : {L"..\\fzgn0002\\FG002001", L"..", L"../fzgn0002/FG002001", L"C:FG",
+                               L"\\FG002001", L"NUL", L"*"}) {
     put(L"数据\\仪表\\数据\\仪表-2", block);
     put(L"数据\\仪表\\索引", L"仪表-1&仪表-2&仪表-3&");
     NotingBar bar;
@@ -169,7 +209,38 @@ TEST_F(Items, BlockNamesThatLeadElsewhereDeleteNothing) {
     EXPECT_EQ(bar.itemCount(0), 2);
   }
   EXPECT_TRUE(exists("fzgn0002/FG002001.dwg"));
+  for (const char* name : {"1", "2", "3"}) {
+    EXPECT_TRUE(exists(std::string("fzgn0001/FG00100") + name + ".dwg"));
+  }
 }
+
+TEST_F(Items, DeletingOneWithoutSlideLibraryGoesOn) {
+  fs::remove(file("fzgn0001/fzgn0001.slb"));
+  loaded().RemoveItem(1);
+  EXPECT_EQ(list(), L"仪表-1&仪表-3&");
+  EXPECT_FALSE(exists("fzgn0001/FG001002.dwg"));
+}
+
+#ifndef _WIN32
+TEST_F(Items, SlideLibraryThatIsALinkIsLeftAlone) {
+  const fs::path elsewhere = install_.folder() / "elsewhere.slb";
+  fs::rename(file("fzgn0001/fzgn0001.slb"), elsewhere);
+  fs::create_symlink(elsewhere, file("fzgn0001/fzgn0001.slb"));
+  const std::string before = test::bytesOf(elsewhere);
+  loaded().RemoveItem(1);
+  EXPECT_EQ(list(), L"仪表-1&仪表-3&");
+  EXPECT_EQ(test::bytesOf(elsewhere), before);
+}
+
+TEST_F(Items, DrawingThatIsALinkIsDeletedAndNotItsTarget) {
+  const fs::path elsewhere = install_.folder() / "elsewhere.dwg";
+  fs::rename(file("fzgn0001/FG001002.dwg"), elsewhere);
+  fs::create_symlink(elsewhere, file("fzgn0001/FG001002.dwg"));
+  loaded().RemoveItem(1);
+  EXPECT_FALSE(fs::exists(fs::symlink_status(file("fzgn0001/FG001002.dwg"))));
+  EXPECT_EQ(test::bytesOf(elsewhere), "a drawing");
+}
+#endif
 
 TEST_F(Items, DamagedSlideLibraryIsKeptAside) {
   test::writeBytes(file("fzgn0001/fzgn0001.slb"), "nothing of that kind");
@@ -229,6 +300,19 @@ TEST_F(Items, LabelsMayDifferInCaseAlone) {
   loaded().itemRenamed(0, L"Lamp");
   library().itemRenamed(1, L"LAMP");
   EXPECT_EQ(list(), L"Lamp&LAMP&仪表-3&");
+  library().RemoveItem(0);
+  EXPECT_EQ(value(L"数据\\仪表\\数据\\Lamp"), L"(none)");
+  EXPECT_EQ(value(L"数据\\仪表\\数据\\LAMP"), L"FG001002");
+}
+
+TEST_F(Items, LabelThatMakesTheListTooLongIsRefused) {
+  loaded().itemRenamed(0, std::wstring(20000, L'a'));
+  bar_.log.clear();
+  library().itemRenamed(1, std::wstring(13000, L'b'));
+  EXPECT_EQ(bar_.log, (Log{L"数据过长,辅助功能库未修改!", L"items"}));
+  EXPECT_EQ(bar_.labels(0).at(1), L"仪表-2");
+  EXPECT_TRUE(list() == std::wstring(20000, L'a') + L"&仪表-2&仪表-3&");
+  EXPECT_EQ(value(L"数据\\仪表\\数据\\仪表-2"), L"FG001002");
 }
 
 TEST_F(Items, RenamingInAGroupWithoutListChangesNothing) {
@@ -257,6 +341,15 @@ TEST_F(Items, LabelWithABackslashLosesItsBlockButNoFile) {
   library().RemoveItem(1);
   EXPECT_EQ(list(), L"仪表-1&仪表-3&");
   EXPECT_TRUE(exists("fzgn0001/FG001002.dwg"));
+}
+
+TEST_F(Items, LabelWithABackslashIsShownAgainWithoutIcon) {
+  loaded().itemRenamed(2, L"a\\b");
+  library().close();
+  NotingBar again;
+  AuxiliaryLibrary(again).LoadStore();
+  EXPECT_EQ(again.labels(0), (Names{L"仪表-1", L"仪表-2", L"a\\b"}));
+  EXPECT_EQ(again.iconCount(0), 2);
 }
 
 TEST_F(Items, LabelWithASeparatorIsSplitAtTheNextReading) {
@@ -308,9 +401,16 @@ TEST_F(Items, MovingInAnEmptyGroupIsRefused) {
   EXPECT_FALSE(library().itemMoved(2, 0));
 }
 
+TEST_F(Items, ListWithoutFinalSeparatorIsWrittenBackWithOne) {
+  put(L"数据\\仪表\\索引", L"仪表-1&仪表-2");
+  EXPECT_TRUE(loaded().itemMoved(1, 0));
+  EXPECT_EQ(list(), L"仪表-2&仪表-1&");
+}
+
 TEST_F(Items, MovingAStaleIndexRaises) {
   loaded();
   test::expectInvalidArgument([&] { library().itemMoved(7, 0); });
+  test::expectInvalidArgument([&] { library().itemMoved(0, 4); });
   test::expectInvalidArgument([&] { library().itemMoved(2, -1); });
   EXPECT_EQ(list(), L"仪表-1&仪表-2&仪表-3&");
 }

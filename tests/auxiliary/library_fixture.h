@@ -126,6 +126,10 @@ class LibraryFixture : public testing::Test {
     const CQuillDpNode* node = library().store().tree().GetSubValueFromPathW(0, key.c_str());
     return node && node->length > 0 ? node->text() : L"(none)";
   }
+  int lengthOf(const std::wstring& key) {
+    const CQuillDpNode* node = library().store().tree().GetSubValueFromPathW(0, key.c_str());
+    return node ? node->length : -1;
+  }
   std::wstring inFile(const std::wstring& key) const {
     CQuillDpData tree;
     tree.ReadDataFromQdpFile(storePath().c_str());

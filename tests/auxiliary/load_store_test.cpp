@@ -75,6 +75,14 @@ TEST_F(LoadStore, GroupOfAnotherTypeBeforeAShownOneIsABadIndex) {
   EXPECT_EQ(bar_.titles(), Names{L"信号"});
 }
 
+TEST_F(LoadStore, FillingShowsWhatStopsItOnceAndGoesOn) {
+  put(L"数据\\仪表\\类型", L"1");
+  library().fillBar();
+  EXPECT_EQ(bar_.log.size(), 1u);
+  library().close();
+  EXPECT_EQ(inFile(L"索引"), L"仪表&信号&接地&");
+}
+
 TEST_F(LoadStore, TitleWithASeparatorIsTwoTitlesWithoutGroups) {
   put(L"索引", L"a&b&仪表&");
   test::expectInvalidArgument([&] { library().LoadStore(); });

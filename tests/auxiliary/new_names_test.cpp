@@ -46,7 +46,8 @@ TEST(NewNames, BlockNumbersGoBeyondThreeDigits) {
 }
 
 TEST(PlainNames, StandForAnEntryOfTheirFolder) {
-  for (const wchar_t* name : {L"fzgn0001", L"图库", L".hidden", L"a.b", L"a b"}) {
+  for (const wchar_t* name : {L"fzgn0001", L"图库", L".hidden", L"a.b", L"a b", L"CONSOLE", L"COM",
+                              L"COM10", L"COMA", L"a.NUL", L"LPT"}) {
     EXPECT_TRUE(isPlainName(name)) << std::wstring(name).size();
   }
 }
@@ -57,6 +58,13 @@ TEST(PlainNames, LeadNowhereElse) {
     EXPECT_FALSE(isPlainName(name)) << testing::PrintToString(std::wstring(name));
   }
   EXPECT_FALSE(isPlainName(std::wstring(L"a\0b", 3)));
+}
+
+TEST(PlainNames, AreNoDevices) {
+  for (const wchar_t* name : {L"NUL", L"con", L"Prn", L"AUX", L"COM1", L"lpt9", L"COM0",
+                              L"COM\u00B9", L"conin$", L"CONOUT$", L"NUL.dwg", L"con .a.b"}) {
+    EXPECT_FALSE(isPlainName(name)) << testing::PrintToString(std::wstring(name));
+  }
 }
 
 }  // namespace

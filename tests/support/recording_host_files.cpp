@@ -95,6 +95,7 @@ int CGetSld::GetDataBaseExtents(AcDbExtents&) { return database_ ? 1 : 0; }
 int CGetSld::GetSldData() {
   if (host().failing(L"GetSldData")) return 0;
   bytes_ = {'s', 'l', 'i', 'd', 'e'};
+  if (host().failing(L"slide bytes")) bytes_.clear();
   data = bytes_.data();
   size = static_cast<std::int32_t>(bytes_.size());
   return 1;

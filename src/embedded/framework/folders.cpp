@@ -15,10 +15,18 @@ namespace fs = std::filesystem;
 namespace {
 
 // Junctions and mounted folders are links too; the standard library takes them for plain folders.
+// Files that the system keeps packed or elsewhere are marked alike, but stand for nothing else.
 bool linkAt(const fs::path& path) {
 #ifdef _WIN32
   const DWORD attributes = ::GetFileAttributesW(path.c_str());
-  return attributes != INVALID_FILE_ATTRIBUTES && (attributes & FILE_ATTRIBUTE_REPARSE_POINT) != 0;
+  if (attributes == INVALID_FILE_ATTRIBUTES || !(attributes & FILE_ATTRIBUTE_REPARSE_POINT)) {
+    return false;
+  }
+  WIN32_FIND_DATAW found{};
+  const HANDLE search = ::FindFirstFileW(path.c_str(), &found);
+  if (search == INVALID_HANDLE_VALUE) return true;
+  ::FindClose(search);
+  return found.dwReserved0 == 0 || IsReparseTagNameSurrogate(found.dwReserved0);
 #else
   std::error_code error;
   return fs::is_symlink(fs::symlink_status(path, error));
