@@ -143,6 +143,29 @@ TEST_F(Bar, ShownArrowsAreHitBeforeAllElse) {
   EXPECT_EQ(hit(80, 260), std::pair(BarHit::DownArrow, -7));
 }
 
+// The last folder is open, so that no header stands below its list. What stops the search is hit
+// itself, if the point is on it.
+TEST_F(Bar, TheSearchStopsBelowTheList) {
+  view_.currentFolder = 2;
+  fill(3, 20);
+  EXPECT_EQ(hit(50, 330), std::pair(BarHit::Item, 4)) << "an icon whose top is below the list";
+  EXPECT_EQ(hit(50, 365), std::pair(BarHit::Nothing, 20)) << "its label comes too late";
+  view_.client.bottom = 290;
+  EXPECT_EQ(hit(50, 300), std::pair(BarHit::Item, 3)) << "a label whose top is below the list";
+  EXPECT_EQ(hit(50, 330), std::pair(BarHit::Nothing, 20));
+  view_.client.bottom = 300;
+  view_.small = true;
+  EXPECT_EQ(hit(10, 310), std::pair(BarHit::Item, 9));
+  EXPECT_EQ(hit(10, 335), std::pair(BarHit::Nothing, 20));
+}
+
+TEST_F(Bar, ItemsThatAreScrolledAwayAreNotHit) {
+  fill(3, 5);
+  view_.firstItem = 2;
+  EXPECT_EQ(hit(50, 60), std::pair(BarHit::Item, 2));
+  EXPECT_EQ(hit(50, 130), std::pair(BarHit::Item, 3));
+}
+
 TEST_F(Bar, CurrentFolderBeyondTheCountReadsAsEmpty) {
   fill(1, 0);
   EXPECT_EQ(hit(50, 200), std::pair(BarHit::Nothing, 0));

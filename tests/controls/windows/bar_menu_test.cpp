@@ -51,6 +51,46 @@ TEST_F(BarMenu, OffersWhatFitsTheClick) {
   for (const UINT state : states_) EXPECT_NE(state & MF_OWNERDRAW, 0u);
 }
 
+TEST_F(BarMenu, OverAnArrowItOffersWhatTheBackgroundDoes) {
+  addItems(6);
+  ASSERT_TRUE(bar_->view().downShown);
+  EXPECT_EQ(idsAt(middle(bar_->view().down)), (std::vector<UINT>{21634, 21635, 0, 21638}));
+}
+
+TEST_F(BarMenu, OpensAtThePointer) {
+  CRect place;
+  WindowScript script;
+  open(script, {50, 220}).then([&] { ::GetWindowRect(::FindWindowW(L"#32768", nullptr), place); });
+  script.key(VK_ESCAPE).waitFor("the menu's end", [this] { return !bar_->menu; });
+  EXPECT_EQ(script.run(), "");
+  CPoint pressed(50, 220);
+  bar_->ClientToScreen(&pressed);
+  EXPECT_EQ(place.left, pressed.x);
+  EXPECT_EQ(place.top, pressed.y);
+}
+
+class FullBarMenu : public BarMenu {
+ protected:
+  FullBarMenu() { flags_ = 0xFFFF & ~BARF_SMALLICON; }
+};
+
+// They are enabled and do nothing.
+TEST_F(FullBarMenu, SizesAndClipboardAreOfferedWithoutEffect) {
+  addItems(1);
+  EXPECT_EQ(idsAt(middle(icon(0))), (std::vector<UINT>{21634, 21635, 21639, 21640, 0, 21637, 21636,
+                                                       0, 21641, 21642, 21643}));
+  for (const std::size_t entry : {2u, 3u, 5u, 6u, 8u, 9u, 10u}) {
+    EXPECT_EQ(states_[entry] & MF_GRAYED, 0u) << entry;
+  }
+  const auto before = pictureOf(window());
+  for (const UINT command : {21639u, 21640u, 21641u, 21642u, 21643u}) {
+    bar_->SendMessage(WM_COMMAND, command);
+  }
+  AfxPumpWaitingMessages();
+  EXPECT_EQ(changedSince(before), 0);
+  EXPECT_TRUE(library_.log.empty());
+}
+
 TEST_F(BarMenu, TheViewThatIsShownIsDisabled) {
   addItems(1);
   idsAt({50, 220});

@@ -194,6 +194,19 @@ TEST_F(LabelEditBox, StylesPlacesAndFont) {
   type({VK_ESCAPE});
 }
 
+// A paint forgets them meanwhile, since they can't be drawn again.
+TEST_F(LabelEditBox, AnItemsHoverFrameStandsUntilThePaint) {
+  WindowScript script;
+  moveTo(script, middle(icon(0))).waitFor("hover", [this] { return bar_->hover().item == 0; });
+  script.then([this] { bar_->BeginItemEdit(1); });
+  moveTo(script, middle(icon(1))).then([] {});
+  EXPECT_EQ(script.run(), "");
+  EXPECT_EQ(bar_->hover().item, 0);
+  repaint();
+  EXPECT_EQ(bar_->hover().item, -1);
+  type({VK_ESCAPE});
+}
+
 // --- growing ---
 
 TEST_F(LabelEditBox, OnOneLineOnlyTheRightEdgeMoves) {

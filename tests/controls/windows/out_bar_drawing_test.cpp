@@ -128,6 +128,30 @@ TEST_F(OutBarDrawing, AnItemsHoverFrameIsARingAroundTheIconAndLeavesNothing) {
   EXPECT_EQ(changedSince(before), 0);
 }
 
+TEST_F(OutBarDrawing, LabelsAreMeasuredInTheSystemsWindowFont) {
+  const std::wstring text = L"a label of several words";
+  addItems(1);
+  bar_->folders().folder(1).item(0).text = text;
+  const HDC screen = ::GetDC(nullptr);
+  const HGDIOBJ before = ::SelectObject(screen, ::GetStockObject(DEFAULT_GUI_FONT));
+  CRect wrapped(0, 0, 100, 0);
+  ::DrawTextW(screen, text.c_str(), -1, wrapped, DT_CALCRECT | DT_WORDBREAK | DT_CENTER);
+  SIZE line{};
+  ::GetTextExtentPoint32W(screen, text.c_str(), static_cast<int>(text.size()), &line);
+  ::SelectObject(screen, before);
+  ::ReleaseDC(nullptr, screen);
+  ASSERT_GT(wrapped.Height(), line.cy);
+  const SIZE large = bar_->layout().labelSize(1, 0);
+  EXPECT_EQ(large.cx, wrapped.Width());
+  EXPECT_EQ(large.cy, wrapped.Height());
+  bar_->SetIconView(true);
+  const SIZE small = bar_->layout().labelSize(1, 0);
+  EXPECT_EQ(small.cx, line.cx);
+  EXPECT_EQ(small.cy, line.cy);
+  bar_->folders().folder(1).item(0).image = 9;
+  EXPECT_EQ(bar_->layout().iconSize(1, 0).cx, 0) << "the list has no such image";
+}
+
 TEST_F(OutBarDrawing, WithoutImageListsItemsAreNotDrawn) {
   const int folder = bar_->folders().AddFolder(L"bare", 0);
   bar_->folders().InsertItem(folder, -1, {0, L"label", 0});
