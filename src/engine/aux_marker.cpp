@@ -80,8 +80,8 @@ bool currentLayerIs(const std::wstring& layer) {
 }
 
 std::wstring slotText(const AcDbObjectId& id) {
-  AcDbObject* symbol = nullptr;
-  if (acdbOpenAcDbObject(symbol, id, AcDb::kForRead) != Acad::eOk) return kEmptySlot;
+  AcDbEntity* symbol = nullptr;
+  if (acdbOpenAcDbEntity(symbol, id, AcDb::kForRead) != Acad::eOk) return kEmptySlot;
   AcDbHandle handle;
   symbol->getAcDbHandle(handle);
   symbol->close();
@@ -148,8 +148,8 @@ MarkerData readMarker(const MarkerSet& set) {
   MarkerData data;
   const AcDbObjectId id = set.first();
   if (id.isNull()) return {kNoEntityId, {}, {}};
-  AcDbObject* marker = nullptr;
-  if (acdbOpenAcDbObject(marker, id, AcDb::kForRead) != Acad::eOk) return {kNotOpened, {}, {}};
+  AcDbEntity* marker = nullptr;
+  if (acdbOpenAcDbEntity(marker, id, AcDb::kForRead) != Acad::eOk) return {kNotOpened, {}, {}};
   const ValueChain chain(marker->xData(kApplication));
   marker->close();
   if (!chain) return {L"\n没有得到扩展实体数据", {}, {}};

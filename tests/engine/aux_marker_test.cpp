@@ -72,6 +72,7 @@ TEST_F(AuxMarker, WritingErasesAllOthers) {
   makeMarker({name_, count(0), at(1, 1)});
   makeMarker({name_, count(0), at(2, 2)});
   WriteAuxMarker({3, 3}, {});
+  EXPECT_EQ(host().commands, (std::vector<std::wstring>{L"ERASE (set) (empty)", L"POINT 3,3"}));
   EXPECT_EQ(host().present(L"POINT").size(), 1u);
   EXPECT_EQ(markerData(), (Links{name_, count(0), at(3, 3)}));
 }
@@ -105,6 +106,11 @@ TEST_F(AuxMarker, ErasedSymbolBecomesAnEmptySlot) {
   EXPECT_EQ(markerData().at(2), text(L"空"));
 }
 
+TEST_F(AuxMarker, SlotOfSomethingThatIsNoEntityIsEmpty) {
+  EXPECT_EQ(WriteAuxMarker({1, 1}, {idOf(host().add(test::Kind::layer, L"A"))}), RTNORM);
+  EXPECT_EQ(markerData().at(2), text(L"空"));
+}
+
 TEST_F(AuxMarker, EmptySlotReadsAsTheSlotBeforeAndFirstAsTheMarker) {
   Thing* symbol = host().addEntity(L"INSERT");
   Thing* marker =
@@ -120,6 +126,14 @@ TEST_F(AuxMarker, WithoutAMarkerThereIsNoMessage) { expectUnreadable(L""); }
 TEST_F(AuxMarker, UndoneMarkerIsGone) {
   makeMarker({name_, count(0), at(1, 1)})->erased = true;
   expectUnreadable(L"");
+}
+
+TEST_F(AuxMarker, PointOnAnotherLayerIsNoMarker) {
+  Thing* stray = makeMarker({name_, count(0), at(1, 1)});
+  stray->layer = L"0";
+  expectUnreadable(L"");
+  WriteAuxMarker({3, 3}, {});
+  EXPECT_FALSE(stray->erased);
 }
 
 TEST_F(AuxMarker, SecondLinkMustBeTheCount) {
@@ -156,6 +170,8 @@ TEST_F(AuxMarker, ReadingFailsWithAMessageForEachService) {
   expectUnreadable(L"\n获取实体Id失败");
   host().fail(L"open for read", 1);
   expectUnreadable(L"\nOpen实体Id失败");
+  host().fail(L"xData", 1);
+  expectUnreadable(L"\n没有得到扩展实体数据");
   EXPECT_FALSE(marker->erased);
 }
 
@@ -184,9 +200,17 @@ class AuxSymbol : public AuxMarker {
     const auto set = [&](const wchar_t* key, const std::wstring& text) {
       store.SetSubValueW(key, static_cast<std::int16_t>(text.size() + 1), text.c_str(), 0);
     };
-    set(L"当前选择\\\\块名", path);
-    set(L"当前选择\\\\类型", folder);
+    set(L"当前选择\\块名", path);
+    set(L"当前选择\\类型", folder);
     store.WriteDataToQdpFile(test::Install::wide(install_.library() / "zhlFzgn.qdp").c_str());
+  }
+  // The drawing's block of that name, with one figure of a colour of its own.
+  Thing* blockWithFigure(const wchar_t* name) {
+    Thing* const block = host().blocks[name] = host().add(test::Kind::record, name);
+    Thing* const figure = host().add(test::Kind::entity, L"LINE");
+    figure->colour = 3;
+    block->contents.push_back(figure);
+    return figure;
   }
   int place(AcDbObjectIdArray& slots) {
     const ads_point point = {7, 8, 0};
@@ -202,7 +226,25 @@ TEST_F(AuxSymbol, IsInsertedAndRemembered) {
   EXPECT_TRUE(slots[0].isNull());
   EXPECT_EQ(slots[1], idOf(host().lastEntity()));
   EXPECT_EQ(host().lastEntity()->layer, L"SCHEMATIC-ELEMENT");
-  EXPECT_EQ(host().lastEntity()->colour, 256);
+}
+
+TEST_F(AuxSymbol, FiguresOfItsBlockGoByBlock) {
+  choose(L"a.dwg", L"0");
+  const Thing* figure = blockWithFigure(L"a");
+  AcDbObjectIdArray slots(1);
+  EXPECT_EQ(place(slots), 0);
+  EXPECT_EQ(figure->colour, 0);
+}
+
+TEST_F(AuxSymbol, SymbolThatCannotBeOpenedKeepsItsColoursAndIsRemembered) {
+  choose(L"a.dwg", L"0");
+  const Thing* figure = blockWithFigure(L"a");
+  AcDbObjectIdArray slots(1);
+  host().fail(L"open for write");
+  EXPECT_EQ(place(slots), 0);
+  EXPECT_EQ(takeTranscript(), L"");
+  EXPECT_EQ(figure->colour, 3);
+  EXPECT_EQ(slots[0], idOf(host().lastEntity()));
 }
 
 TEST_F(AuxSymbol, TakesThePlaceOfTheFoldersEarlierOne) {

@@ -8,6 +8,7 @@ namespace {
 using test::host;
 using test::Link;
 using test::takeTranscript;
+using test::Thing;
 using Commands = std::vector<std::wstring>;
 
 const std::wstring kRow =
@@ -68,6 +69,15 @@ TEST_F(PlaceRowTest, BlocksCarryIndexTextAndSpecification) {
   EXPECT_FALSE(host().present(L"INSERT").at(2)->xdata.count(L"XHGG"));
 }
 
+TEST_F(PlaceRowTest, FiguresOfBlocksGoByBlock) {
+  Thing* const block = host().blocks[L"A01"] = host().add(test::Kind::record, L"A01");
+  Thing* const figure = host().add(test::Kind::entity, L"LINE");
+  figure->colour = 3;
+  block->contents.push_back(figure);
+  EXPECT_EQ(place(LR"(("05" "A01" "" 0 0 0 "&&&&"))"), RTNORM);
+  EXPECT_EQ(figure->colour, 0);
+}
+
 TEST_F(PlaceRowTest, WithoutIndexFileTheIndexTextIsEmpty) {
   std::filesystem::remove(install_.symbols() / "Dqbl0001" / "Dqbl0001.idx");
   EXPECT_EQ(place(LR"(("05" "A01" "" 0 0 0 "&&&&"))"), RTNORM);
@@ -83,7 +93,7 @@ TEST_F(PlaceRowTest, NameWithExtensionIsFound) {
 TEST_F(PlaceRowTest, TextStyleIsSetAndSetBackWithoutTexts) {
   EXPECT_EQ(place(LR"(("05" "A01" "" 0 0 0 "&&&&"))"), RTNORM);
   EXPECT_EQ(host().commands.size(), 2u);
-  EXPECT_EQ(std::get<std::wstring>(host().variables[L"TEXTSTYLE"]), L"SONG");
+  EXPECT_EQ(host().settings, (Commands{L"TEXTSTYLE=Standard", L"TEXTSTYLE=SONG"}));
 }
 
 TEST_F(PlaceRowTest, EmptyTextIsSkippedAndTheNextOneKeepsItsFields) {
@@ -117,6 +127,7 @@ TEST_F(PlaceRowTest, UnknownBlockEndsPlacingAndKeepsWhatWasDrawn) {
   EXPECT_EQ(host().present(L"LWPOLYLINE").size(), 1u);
   EXPECT_EQ(host().present(L"INSERT").size(), 2u);
   EXPECT_TRUE(host().present(L"TEXT").empty());
+  EXPECT_TRUE(host().settings.empty());  // the text style wasn't touched
 }
 
 TEST_F(PlaceRowTest, BadRowDrawsNothing) {
@@ -132,6 +143,23 @@ TEST_F(PlaceRowTest, MissingMarkerFileIsNamed) {
 TEST_F(PlaceRowTest, EmptySystemFolder) {
   WriteInformation(L"ZEMMain", L"ZemSys", L"", 1);
   expectFailure(kRow, L"\n注册表项ZemSys数据无效.");
+  std::filesystem::remove(install_.folder() / "information.txt");
+  expectFailure(kRow, L"\n注册表项ZemSys数据无效.");
+}
+
+TEST_F(PlaceRowTest, SystemFolderWithFinalBackslashIsTheSame) {
+  WriteInformation(L"ZEMMain", L"ZemSys", (test::Install::wide(install_.root()) + L"\\").c_str(),
+                   1);
+  EXPECT_EQ(place(kRow), RTNORM);
+  EXPECT_EQ(host().commands.front(),
+            L"insert " + markerPath() + L" 1000,2000 (empty) (empty) (empty) 1");
+}
+
+TEST_F(PlaceRowTest, MarkerFileIsLookedForBeforeTheScaleAndTheScaleBeforeTheRow) {
+  host().printScale = -1;
+  expectFailure(L"bad", L"\nTabScale数据无效.");
+  std::filesystem::remove(install_.root() / "system" / "Fah.dwg");
+  expectFailure(L"bad", L"\n文件" + markerPath() + L"不存在.");
 }
 
 TEST_F(PlaceRowTest, UnreadableInformationStore) {

@@ -131,6 +131,28 @@ TEST(RowReader, CountsOfFieldsDecideTheMessage) {
   EXPECT_EQ(messageOf(withTail(L" 1 2 3")), kFormat3);
 }
 
+TEST(RowReader, FirstWrongCountGivesTheMessage) {
+  EXPECT_EQ(messageOf(LR"(("05" "A01" "" 1 "&&&&" 1 2))"), kFormat1);
+  EXPECT_EQ(messageOf(LR"(("05" "A01" "" 1 2 "&&&&" 1 2))"), kFormat2);
+  EXPECT_EQ(messageOf(LR"(("05" "&&&&" 1 2))"), kFormat3);
+}
+
+TEST(RowReader, NumberMayHoldABlankInQuotes) {
+  EXPECT_EQ(read(LR"(("0 5" "A01" "" 0 10 0 "&&&&"))").names, Names{L"A01"});
+}
+
+TEST(RowReader, BlankBeforeTheParenthesisEndsNoField) {
+  const CircuitRow row = read(withTail(LR"( 0 0 1 1 "TEXT" "QF1" 1 3 5 2 0 )"));
+  EXPECT_EQ(row.ends.size(), 1u);
+  EXPECT_EQ(row.texts, Names{L"QF1"});
+}
+
+TEST(RowReader, ParenthesisStraightAfterTheTextMarkerIsAnEmptyText) {
+  const CircuitRow row = read(withTail(LR"( "TEXT")"));
+  EXPECT_EQ(row.texts, Names{L""});
+  EXPECT_TRUE(row.colours.empty());
+}
+
 TEST(RowReader, LoneXOfALineIsDropped) {
   const CircuitRow row = read(withTail(L" 1 2 3 4 5"));
   EXPECT_EQ(row.starts, (Points{{1, 2}}));

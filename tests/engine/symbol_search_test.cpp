@@ -5,6 +5,7 @@
 
 #include "platform/common_funcs.h"
 #include "support/install.h"
+#include "support/recording_host.h"
 #include "support/transcript.h"
 
 #ifndef _WIN32
@@ -54,6 +55,7 @@ TEST(CheckFileName, KnowsTwoKinds) {
 class SymbolSearch : public testing::Test {
  protected:
   SymbolSearch() {
+    test::resetHost();
     write("dwgdir.dab", "A01     0001B12     0002ab      0003");
     write("slddir.dab", "A01     0009");
     takeTranscript();
@@ -145,6 +147,27 @@ TEST_F(SymbolSearch, FolderThatIsNotThere) {
   WriteInformation(L"Dwglib", L"Dwgdir",
                    test::Install::wide(install_.folder() / "elsewhere").c_str(), 1);
   expectFailure(L"A01", L"\n目录变量DwgDir非法!");
+}
+
+TEST_F(SymbolSearch, TemporaryFileThatCannotBeNamedOrRemoved) {
+  test::host().fail(L"temporaryName", 1);
+  expectFailure(L"A01", L"\n产生临时文件失败!");
+  test::host().fail(L"removeFile", 1);
+  expectFailure(L"A01", L"\n删除临时文件失败!");
+}
+
+TEST_F(SymbolSearch, FolderIsTestedBeforeTheDirectoryFileAndThatBeforeTheName) {
+  std::filesystem::remove(install_.symbols() / "dwgdir.dab");
+  const std::wstring folder = test::Install::wide(install_.symbols()) + L"\\";
+  expectFailure(L"A 1", L"\n目录" + folder + L"下无数据文件dwgdir.dab!");
+  test::host().fail(L"temporaryName");
+  expectFailure(L"A 1", L"\n产生临时文件失败!");
+}
+
+TEST_F(SymbolSearch, EverySearchReadsTheFileAnew) {
+  EXPECT_EQ(found(L"A01"), L"Dqbl0001\\A01.dwg");
+  write("dwgdir.dab", "A01     0004");
+  EXPECT_EQ(found(L"A01"), L"Dqbl0004\\A01.dwg");
 }
 
 TEST_F(SymbolSearch, FolderWithFinalBackslashIsTheSame) {

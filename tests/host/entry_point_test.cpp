@@ -1,4 +1,5 @@
 // The entry point: what each message of the host does.
+#include "embedded/framework/linked_libraries.h"
 #include "host/host_fixture.h"
 #include "host/module_functions.h"
 
@@ -19,6 +20,42 @@ TEST_F(EntryPoint, StartDefinesTheGroupAndMakesTheHiddenWindow) {
   ASSERT_NE(libraryWindow(), nullptr);
   EXPECT_FALSE(libraryWindow()->IsVisible());
   EXPECT_TRUE(extensionModule().bInitialized);
+}
+
+TEST_F(EntryPoint, StartTakesItsStepsInOrder) {
+  send(AcRx::kInitAppMsg);
+  EXPECT_EQ(host().steps,
+            (Texts{L"AfxInitExtensionModule", L"acrxUnlockApplication", L"registerAppMDIAware",
+                   L"TqDefineCommand Vornikplan10 1 0", L"adsw_acadMainWnd"}));
+}
+
+TEST_F(EntryPoint, ResourcesAreLinkedFromTheStartToTheEnd) {
+  const std::size_t before = framework::linkedLibraries().size();
+  send(AcRx::kInitAppMsg);
+  EXPECT_EQ(framework::linkedLibraries().size(), before + 1);
+  EXPECT_EQ(framework::linkedLibraries().back()->record(), &extensionModule());
+  send(AcRx::kUnloadAppMsg);
+  EXPECT_EQ(framework::linkedLibraries().size(), before);
+}
+
+TEST_F(EntryPoint, ModuleThatCannotBeInitialisedStartsWithoutItsResources) {
+  const std::size_t before = framework::linkedLibraries().size();
+  host().fail(L"AfxInitExtensionModule");
+  EXPECT_EQ(send(AcRx::kInitAppMsg), AcRx::kRetOK);
+  EXPECT_EQ(framework::linkedLibraries().size(), before);
+  EXPECT_EQ(host().unlocked, &package_);
+  EXPECT_EQ(host().groups, Texts{L"Vornikplan10:sample:2"});
+  EXPECT_NE(libraryWindow(), nullptr);
+  EXPECT_EQ(test::takeTranscript(), L"");
+}
+
+TEST_F(EntryPoint, HostsMainWindowIsTakenAtEveryStart) {
+  send(AcRx::kInitAppMsg);
+  EXPECT_EQ(hostWindow(), nullptr);
+  int window = 0;
+  host().mainWindow = static_cast<HWND>(static_cast<void*>(&window));
+  send(AcRx::kInitAppMsg);  // the library window is there and isn't made anew
+  EXPECT_EQ(hostWindow(), host().mainWindow);
 }
 
 TEST_F(EntryPoint, SecondStartMakesNoSecondWindow) {
@@ -66,11 +103,15 @@ TEST_F(EntryPoint, ClosingADocumentRemovesTheFunctions) {
 }
 
 TEST_F(EntryPoint, CodesOutsideTheTableRunNothing) {
+  send(AcRx::kInitAppMsg);
   for (const int code : {0, 6, -1, 32767}) {
     host().functionCode = code;
     EXPECT_EQ(dispatchFunction(), RTERROR) << code;
     EXPECT_EQ(host().lispValue, L"void") << code;
   }
+  EXPECT_FALSE(libraryWindow()->IsVisible());
+  EXPECT_TRUE(host().prompts.empty());
+  EXPECT_EQ(test::takeTranscript(), L"");
 }
 
 TEST_F(EntryPoint, CodeBehindTheLastRowRunsNothing) {

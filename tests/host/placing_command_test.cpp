@@ -131,6 +131,9 @@ TEST_F(PlacingCommandTest, BadPrintScaleEnds) {
   EXPECT_EQ(run({point(0, 0)}), RTERROR);
   EXPECT_EQ(takeTranscript(), L"\tabScale数据无效.\tabScale数据无效.");
   EXPECT_TRUE(host().prompts.empty());
+  // What comes before the scale is done all the same.
+  EXPECT_TRUE(libraryWindow()->IsVisible());
+  EXPECT_EQ(host().settings, (Texts{L"ATTREQ=1", L"ATTREQ=1"}));
 }
 
 TEST_F(PlacingCommandTest, CircuitsStandInAChainToTheRight) {
@@ -140,6 +143,18 @@ TEST_F(PlacingCommandTest, CircuitsStandInAChainToTheRight) {
   EXPECT_EQ(insertedAt(L"A01", 1), L"1005,7");
   EXPECT_EQ(host().undoGroups, 2);
   EXPECT_EQ(host().prompts, (Texts{kPoint, kFirst, kNext, kNext, kPoint}));
+}
+
+TEST_F(PlacingCommandTest, CircuitMarkerAndTheirUndoGroupComeInOrder) {
+  const std::wstring fah = test::Install::wide(install_.root()) + L"\\system\\Fah.dwg";
+  const std::wstring a01 = test::Install::wide(install_.symbols()) + L"\\Dqbl0001\\A01.dwg";
+  run({point(5, 7), key(L"S"), key(L"S"), cancel()});
+  EXPECT_EQ(host().commands,
+            (Texts{L"undo begin", L"insert " + fah + L" 5,7 (empty) (empty) (empty) 10",
+                   L"insert " + a01 + L" 5,7 10 10 0", L"POINT 5,-1317.79", L"undo end",
+                   L"undo begin", L"insert " + fah + L" 1005,7 (empty) (empty) (empty) 10",
+                   L"insert " + a01 + L" 1005,7 10 10 0", L"ERASE (set) (empty)",
+                   L"POINT 1005,-1317.79", L"undo end"}));
 }
 
 TEST_F(PlacingCommandTest, MarkerLiesBelowTheCircuitDrawnLast) {
@@ -174,6 +189,9 @@ TEST_F(PlacingCommandTest, FreeSlotDrawsNothingAndRewritesTheMarker) {
   EXPECT_EQ(inserts(L"Fah"), 0u);
   ASSERT_NE(marker(), nullptr);
   EXPECT_NEAR(marker()->position.x, 5 - 1000, 1e-9);  // the point wasn't moved on
+  const auto& data = marker()->xdata[L"ZHLKFZGN"];
+  EXPECT_EQ(data.at(2), (test::Link{1000, std::wstring(L"空")}));
+  EXPECT_EQ(data.at(3), (test::Link{1000, std::wstring(L"空")}));
   EXPECT_EQ(host().prompts.back(), kFirst);
 }
 
@@ -189,6 +207,7 @@ TEST_F(PlacingCommandTest, RowThatFailsStillMovesThePointOn) {
   run({point(5, 7), key(L"S"), cancel()});
   EXPECT_EQ(takeTranscript(), L"\n数据文件中该数据行无数据!");
   EXPECT_NEAR(marker()->position.x, 5, 1e-9);
+  EXPECT_EQ(host().prompts.back(), kFirst);  // the chain has no circuit yet
 }
 
 TEST_F(PlacingCommandTest, AuxiliarySymbolStandsAtTheMarkerOfTheChain) {
@@ -253,8 +272,9 @@ TEST_F(PlacingCommandTest, SymbolAtThePointPromptNeedsAMarker) {
   EXPECT_TRUE(host().commands.empty());
   putMarker(30, 40, 2);
   run({keyAtPoint(L"f"), enterAtPoint()});
-  EXPECT_EQ(insertedAt(L"aux", 0), L"30,40");
-  EXPECT_EQ(host().undoGroups, 1);
+  // The empty slot that was read back stood for the marker, which is gone with it.
+  EXPECT_EQ(host().commands,
+            (Texts{L"undo begin", L"insert aux.dwg 30,40 10 10 0", L"POINT 30,40", L"undo end"}));
 }
 
 TEST_F(PlacingCommandTest, OtherAnswersAtThePointPromptAskAgain) {
@@ -273,14 +293,18 @@ TEST_F(PlacingCommandTest, OddAnswerAtTheKeywordPromptGoesBackToThePoint) {
 }
 
 TEST_F(PlacingCommandTest, KeywordNAsksForABlockAndStaysWithoutOne) {
-  host().picks = {{RTERROR, nullptr, 52}, {RTERROR, nullptr, 52}};
-  run({keyAtPoint(L"N"), point(0, 0), key(L"n"), enterAtKeyword(), enterAtPoint()});
-  EXPECT_EQ(host().prompts, (Texts{kPoint, kPick, kPoint, kFirst, kPick, kFirst, kPoint}));
+  host().picks = {{RTERROR, nullptr, 52}, {RTERROR, nullptr, 52}, {RTERROR, nullptr, 52}};
+  run({keyAtPoint(L"N"), keyAtPoint(L"n"), point(0, 0), key(L"n"), enterAtKeyword(),
+       enterAtPoint()});
+  EXPECT_EQ(host().prompts,
+            (Texts{kPoint, kPick, kPoint, kPick, kPoint, kFirst, kPick, kFirst, kPoint}));
 }
 
 TEST_F(PlacingCommandTest, CancelledPickEndsTheCommand) {
-  run({point(0, 0), key(L"N"), enterAtKeyword()});
+  EXPECT_EQ(run({point(0, 0), key(L"N"), enterAtKeyword()}), RTCAN);
   EXPECT_EQ(host().prompts, (Texts{kPoint, kFirst, kPick}));
+  EXPECT_EQ(run({keyAtPoint(L"N"), enterAtPoint()}), RTCAN);
+  EXPECT_EQ(host().prompts, (Texts{kPoint, kFirst, kPick, kPoint, kPick}));
 }
 
 // A library window that shows nothing and takes no symbols.

@@ -54,6 +54,13 @@ TEST_F(Information, LibraryLiesBelowTheSystemFolder) {
 TEST_F(Information, SystemFolderHasADefault) {
   std::filesystem::remove(install_.folder() / "information.txt");
   EXPECT_EQ(systemFolder(), L"C:\\Lumo7.0");
+  EXPECT_EQ(libraryFolder(), L"C:\\Lumo7.0\\Datcom\\zhllib\\");
+}
+
+TEST_F(Information, UserFolderHasADefault) {
+  EXPECT_EQ(userFolder(), test::Install::wide(install_.root() / "user"));
+  std::filesystem::remove(install_.folder() / "information.txt");
+  EXPECT_EQ(userFolder(), L"C:\\User");
 }
 
 }  // namespace

@@ -63,6 +63,7 @@ std::vector<Thing*> RecordingHost::present(const std::wstring& type) const {
 }
 
 bool RecordingHost::everythingClosed() const {
+  if (openSets != 0) return false;
   for (const auto& thing : things) {
     if (thing->openForRead != 0 || thing->openForWrite != 0) return false;
   }
@@ -111,6 +112,8 @@ CommandCall readCall(int type, std::va_list arguments) {
       }
       case RTREAL: call.words.push_back(numberText(va_arg(arguments, double))); break;
       case RTSHORT:
+        call.words.push_back(std::to_wstring(static_cast<std::int16_t>(va_arg(arguments, int))));
+        break;
       case RTLONG: call.words.push_back(std::to_wstring(va_arg(arguments, int))); break;
       case RTPOINT:
       case RT3DPOINT: {
@@ -243,8 +246,11 @@ int acedGetVar(const wchar_t* name, resbuf* value) {
 
 int acedSetVar(const wchar_t* name, const resbuf* value) {
   if (host().failing(L"acedSetVar")) return RTERROR;
-  if (value->restype == RTSTR) {
-    host().variables[name] = std::wstring(value->resval.rstring);
+  const bool isText = value->restype == RTSTR;
+  const std::wstring text = isText ? value->resval.rstring : std::to_wstring(value->resval.rint);
+  host().settings.push_back(name + (L"=" + text));
+  if (isText) {
+    host().variables[name] = text;
   } else {
     host().variables[name] = value->resval.rint;
   }

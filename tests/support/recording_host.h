@@ -73,6 +73,8 @@ struct RecordingHost {
   std::vector<std::wstring> prompts;   // "[S F N] text"
   std::vector<std::wstring> defined;   // "3 yczhlhz", "-3 yczhlhz"
   std::vector<std::wstring> groups;    // command groups, "name:command:flags"
+  std::vector<std::wstring> steps;     // what the module's start and end ask for, in order
+  std::vector<std::wstring> settings;  // variables set, "TEXTSTYLE=Standard"
   std::wstring lispValue = L"none";    // what acedRet... set last
   bool blips = false;
   int undoDepth = 0;
@@ -81,6 +83,7 @@ struct RecordingHost {
   void* mdiAware = nullptr;
   std::vector<std::wstring> messages;  // of SendMsgToAcad
   int documentLocks = 0;
+  int openSets = 0;                    // selection sets that weren't freed
   std::vector<std::wstring> drawings;  // of other drawings: "wblock A", "save PATH 23", ...
 
   // --- what it answers ---
@@ -100,7 +103,7 @@ struct RecordingHost {
   Thing* addEntity(const std::wstring& type);
   Thing* lastEntity() const;
   std::vector<Thing*> present(const std::wstring& type) const;  // not erased
-  bool everythingClosed() const;
+  bool everythingClosed() const;  // no object open, no selection set kept
 
   // Lets the n-th call of a service from now on fail, or all of them for 0.
   void fail(const std::wstring& service, int nth = 0);

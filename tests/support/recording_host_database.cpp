@@ -187,7 +187,8 @@ Acad::ErrorStatus AcDbObject::close() {
 resbuf* AcDbObject::xData(const wchar_t* application) const {
   const Thing* thing = thingOf(this);
   const auto found = thing->xdata.find(application);
-  return found == thing->xdata.end() ? nullptr : chainOf(found->second);
+  if (found == thing->xdata.end() || host().failing(L"xData")) return nullptr;
+  return chainOf(found->second);
 }
 
 Acad::ErrorStatus AcDbObject::setXData(const resbuf* chain) {
@@ -341,6 +342,7 @@ int acedSSGet(const wchar_t*, const void*, const void*, const resbuf* filter, ad
   }
   set[0] = set[1] = 0;
   if (found.empty() || host().failing(L"acedSSGet")) return RTERROR;
+  ++host().openSets;
   test::selectionSets().push_back(found);
   set[0] = static_cast<std::intptr_t>(test::selectionSets().size());
   return RTNORM;
@@ -354,7 +356,10 @@ int acedSSName(const ads_name set, std::int32_t index, ads_name entity) {
   return RTNORM;
 }
 
-int acedSSFree(const ads_name) { return RTNORM; }
+int acedSSFree(const ads_name) {
+  --host().openSets;
+  return RTNORM;
+}
 
 int AddXdata(const ads_name entity, const wchar_t* application, const resbuf* chain) {
   reinterpret_cast<AcDbStub*>(entity[0])->xdata[application] = linksOf(chain);

@@ -1,7 +1,10 @@
 // The recording host's other drawings: blocks written out, files of them, pictures, and the pick
-// that starts all that. A saved drawing is a file with the block's name in it.
+// that starts all that; and the runtime's calls on files that can fail. A saved drawing is a file
+// with the block's name in it.
 #include <cstdarg>
+#include <filesystem>
 
+#include "embedded/base/paths.h"
 #include "platform/framework_runtime.h"
 #include "platform/slide_capture.h"
 #include "support/recording_host.h"
@@ -72,6 +75,18 @@ Acad::ErrorStatus AcDbDatabase::readDwgFile(const wchar_t* path, int share, bool
   note(std::wstring(L"read ") + path + L" " + std::to_wstring(share));
   if (host().failing(L"readDwgFile") || !fileExists(path)) return Acad::eFileAccessErr;
   return Acad::eOk;
+}
+
+// --- temporary files ---
+
+std::wstring temporaryName() {
+  static int number = 0;
+  return host().failing(L"temporaryName") ? L"" : L"\\temporary." + std::to_wstring(++number);
+}
+
+bool removeFile(const std::wstring& path) {
+  std::error_code error;
+  return !host().failing(L"removeFile") && std::filesystem::remove(base::resolvePath(path), error);
 }
 
 // --- pictures ---

@@ -34,7 +34,10 @@ bool readArguments(const Session& session, int type, std::va_list values,
     switch (type) {
       case RTSTR: arguments.emplace_back(drafting::utf8(va_arg(values, const wchar_t*))); break;
       case RTREAL: arguments.emplace_back(va_arg(values, double)); break;
+      // Passed as a whole int, of which the type has 16 bits.
       case RTSHORT:
+        arguments.emplace_back(int{static_cast<std::int16_t>(va_arg(values, int))});
+        break;
       case RTLONG: arguments.emplace_back(va_arg(values, int)); break;
       case RTPOINT:
       case RT3DPOINT: {

@@ -40,6 +40,11 @@ TEST_F(HostCommands, EveryKindOfArgumentIsTaken) {
                                "TEXT 1,2 2 turned 90 \"主回路 1\" colour 3"}));
 }
 
+TEST_F(HostCommands, ShortArgumentHasSixteenBits) {
+  EXPECT_EQ(acedCommand(RTSTR, L"COLOR", RTSHORT, 65536 + 3, RTNONE), RTNORM);
+  EXPECT_EQ(session.variables.text("CECOLOR"), "3");
+}
+
 TEST_F(HostCommands, EntityAndSetAreSelections) {
   type("POINT 1,1\nPOINT 2,2\nPOINT 3,3\n");
   ads_name last, all;

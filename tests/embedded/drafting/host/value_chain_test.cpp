@@ -18,6 +18,14 @@ TEST(ValueChains, LinksOfEveryTypeAreMade) {
   }
 }
 
+// Modules that were compiled elsewhere know the numbers, not the names.
+TEST(ValueChains, NumbersOfTypesAndResultsNeverChange) {
+  EXPECT_EQ((std::vector{RTNONE, RTREAL, RTPOINT, RTSHORT, RTSTR, RTPICKS}),
+            (std::vector{5000, 5001, 5002, 5003, 5005, 5007}));
+  EXPECT_EQ((std::vector{RTNORM, RTERROR, RTCAN, RTKWORD}),
+            (std::vector{5100, -5001, -5002, -5005}));
+}
+
 TEST(ValueChains, UnknownTypeGivesNone) {
   EXPECT_EQ(acutNewRb(4000), nullptr);
   EXPECT_EQ(acutNewRb(-77), nullptr);
