@@ -28,6 +28,12 @@ TEST(RowMapping, TurnsByQuarters) {
   EXPECT_EQ(test::takeTranscript(), L"");
 }
 
+TEST(RowMapping, StretchComesBeforeTheTurn) {
+  const RowPoint mapped = mapRowPoint({10, 5}, 1, 100, {1000, 2000});
+  EXPECT_NEAR(mapped.x, 500, 1e-9);
+  EXPECT_NEAR(mapped.y, 3200, 1e-9);
+}
+
 TEST(RowMapping, RefusesOtherDirections) {
   for (const int direction : {-1, 4}) {
     RowPoint point{2, 1};

@@ -203,22 +203,36 @@ TEST_F(SymbolSearch, LeavesNoTemporaryFile) {
 }
 
 #ifndef _WIN32
-TEST_F(SymbolSearch, ReadOnlyFolderIsRefusedThoughItsFilesCanBeRead) {
-  namespace fs = std::filesystem;
-  fs::permissions(install_.folder(), fs::perms(0755));
-  fs::permissions(install_.symbols(), fs::perms(0555));
+namespace fs = std::filesystem;
+
+// Searches as a user to whom permissions apply; they don't to the superuser. True when the search
+// fails with the message.
+bool failsForAUser(const wchar_t* message) {
   const pid_t child = fork();
   if (child == 0) {
     constexpr int kNoSuchUser = 65534;
     if (geteuid() == 0 && seteuid(kNoSuchUser) != 0) _exit(2);
     std::wstring path;
     const int result = SearchSymbolFile(L"DWG", L"A01", path);
-    _exit(result == 0 && takeTranscript() == L"\n目录变量DwgDir非法!" ? 0 : 1);
+    _exit(result == 0 && takeTranscript() == message ? 0 : 1);
   }
   int status = 0;
   waitpid(child, &status, 0);
+  return WIFEXITED(status) && WEXITSTATUS(status) == 0;
+}
+
+TEST_F(SymbolSearch, ReadOnlyFolderIsRefusedThoughItsFilesCanBeRead) {
+  fs::permissions(install_.folder(), fs::perms(0755));
+  fs::permissions(install_.symbols(), fs::perms(0555));
+  EXPECT_TRUE(failsForAUser(L"\n目录变量DwgDir非法!"));
   fs::permissions(install_.symbols(), fs::perms(0755));
-  EXPECT_EQ(WEXITSTATUS(status), 0);
+}
+
+TEST_F(SymbolSearch, ReadOnlyDirectoryFileIsRefusedThoughItCouldBeRead) {
+  fs::permissions(install_.folder(), fs::perms(0755));
+  fs::permissions(install_.symbols(), fs::perms(0777));
+  fs::permissions(install_.symbols() / "dwgdir.dab", fs::perms(0444));
+  EXPECT_TRUE(failsForAUser(L"\n文件打开失败!"));
 }
 
 TEST_F(SymbolSearch, DirectoryFileInMixedCaseIsFound) {

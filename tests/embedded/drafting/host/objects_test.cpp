@@ -330,6 +330,16 @@ TEST(HostGeometry, PointsCompareWithTheGlobalTolerance) {
   EXPECT_FALSE((AcGePoint3d{0, 0, 1}).isEqualTo(AcGePoint3d()));
 }
 
+TEST_F(HostObjects, LayerThatIsNamedIsTheOneMadeCurrent) {
+  for (const auto& [group, kind] :
+       {std::pair(L"SCHEMATIC", L"ELEMENT"), {L"DISTRIBUTION", L"ATTPOINT"}}) {
+    LayerInfo layer;
+    EXPECT_EQ(GetDQLayerName(group, kind, layer), RTNORM);
+    EXPECT_EQ(SetToCurrentLayer(group, kind, nullptr, nullptr), RTNORM);
+    EXPECT_EQ(session.variables.text("CLAYER"), base::utf8FromWide(layer.name));
+  }
+}
+
 TEST_F(HostObjects, LayersByKeyAreMadeAndMadeCurrent) {
   LayerInfo layer;
   ASSERT_EQ(GetDQLayerName(L"SCHEMATIC", L"ELEMENT", layer), RTNORM);
