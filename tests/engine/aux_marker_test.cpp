@@ -137,7 +137,10 @@ TEST_F(AuxMarker, PointOnAnotherLayerIsNoMarker) {
 }
 
 TEST_F(AuxMarker, SecondLinkMustBeTheCount) {
-  makeMarker({name_, text(L"0"), at(1, 1)});
+  Thing* marker = makeMarker({name_, text(L"0"), at(1, 1)});
+  expectUnreadable(L"\n扩展实体数据不正确");
+  marker->erased = true;
+  makeMarker({name_, Link{1071, std::int16_t{1}}, text(L"空"), at(1, 1)});
   expectUnreadable(L"\n扩展实体数据不正确");
 }
 

@@ -249,6 +249,13 @@ TEST_F(PlacingCommandTest, SymbolGoesToTheMarkerOfAnEarlierRun) {
   EXPECT_EQ(host().prompts.back(), kFirst);
 }
 
+TEST_F(PlacingCommandTest, SymbolAtAnEarlierMarkerIsNoCircuitOfTheChain) {
+  putMarker(30, 40, 2);
+  select(2);  // a row that draws nothing
+  run({point(5, 7), key(L"F"), key(L"S"), cancel()});
+  EXPECT_EQ(host().prompts, (Texts{kPoint, kFirst, kFirst, kFirst}));
+}
+
 TEST_F(PlacingCommandTest, MarkerAtTheOriginCountsOnlyWithSlots) {
   putMarker(0, 0, 0);
   run({point(5, 7), key(L"F"), cancel()});
