@@ -104,6 +104,8 @@ TEST_F(OutBarDrawing, AHeadersHoverFrameIsTwoLinesAndLeavesNothing) {
   EXPECT_EQ(column(rect.right - 1, rect.top, rect.top + 2), "bd") << "up to the top line";
   EXPECT_EQ(column(rect.right - 2, rect.top, rect.top + 3), "bhb") << "up to the light edge";
   EXPECT_EQ(row(rect.bottom - 2, 0, 3), "hbb");
+  repaint();
+  EXPECT_EQ(column(4, rect.bottom - 3, rect.bottom), "fbd") << "a paint draws it again";
   outside();
   EXPECT_EQ(changedSince(before), 0);
 }
@@ -305,7 +307,7 @@ class OutBarSlide : public OutBarDrawing {
         break;
       }
     });
-    bar_->SelectFolder(to);
+    click(middle(header(to)));
     return tops;
   }
 };

@@ -109,26 +109,6 @@ TEST_F(OutBar, ANegativeDelayOpensAtOnce) {
   EXPECT_TRUE(pauses_.empty());
 }
 
-// What the first step of a slide downwards shows: the opening header at the list's bottom.
-TEST_F(OutBar, TheOpeningHeaderTravelsUp) {
-  addItems(1);
-  std::vector<int> tops;
-  setPause([&](int) {
-    const auto picture = pictureOf(window());
-    const int bottom = CRect(bar_->layout().GetInsideRect()).bottom;
-    for (int y = 60; y < bottom; ++y) {
-      if (picture.at(4, y) != systemColour(COLOR_3DFACE)) continue;
-      tops.push_back(y);
-      break;
-    }
-  });
-  const int bottom = CRect(bar_->layout().GetInsideRect()).bottom;
-  click(middle(header(2)));
-  ASSERT_GE(tops.size(), 2u);
-  EXPECT_EQ(tops[0], bottom - 22 + 2);
-  EXPECT_EQ(tops[1], tops[0] - 22);
-}
-
 TEST_F(OutBar, TheFolderUnderTheReleaseOpens) {
   WindowScript script;
   hold(script, middle(header(2)));
