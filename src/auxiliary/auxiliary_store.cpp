@@ -16,9 +16,13 @@ AuxiliaryStore::AuxiliaryStore() : directory_(libraryFolder()), path_(directory_
 
 // In this library a value counts from length 1 on; an empty text holds no separator and so gives an
 // empty list.
-std::wstring AuxiliaryStore::value(const std::wstring& key) const {
+bool AuxiliaryStore::hasValue(const std::wstring& key) const {
   const CQuillDpNode* node = tree_.GetSubValueFromPathW(0, key.c_str());
-  return node && node->length >= 1 ? node->text() : std::wstring();
+  return node && node->length >= 1;
+}
+
+std::wstring AuxiliaryStore::value(const std::wstring& key) const {
+  return hasValue(key) ? tree_.GetSubValueFromPathW(0, key.c_str())->text() : std::wstring();
 }
 
 CStringArray AuxiliaryStore::list(const std::wstring& key) const {
@@ -52,8 +56,7 @@ std::vector<std::wstring> AuxiliaryStore::shownTitles() const {
 
 // An empty text isn't "0".
 bool AuxiliaryStore::largeIcons() const {
-  const CQuillDpNode* node = tree_.GetSubValueFromPathW(0, keys::kIconState);
-  return node && node->length >= 1 && node->text() != L"0";
+  return hasValue(keys::kIconState) && value(keys::kIconState) != L"0";
 }
 
 CStringArray AuxiliaryStore::labels(int folder) const {

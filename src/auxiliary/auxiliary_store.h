@@ -78,11 +78,11 @@ class AuxiliaryStore {
   SymbolFiles addItem(const std::wstring& title, const std::wstring& label);
   // Undoes addItem. An unknown label leaves the list as it is.
   void removeItem(const std::wstring& title, const std::wstring& label);
-  // Takes the item out of the list, and out of the tree if it has a block name; its files then.
+  // Takes the item out of list and tree; its files, if its block name leads to any.
   std::optional<SymbolFiles> takeItem(const std::wstring& title, int item);
   Renaming renameItem(int folder, int item, const std::wstring& text);
-  // The item is to stand before the one at `target`; the count is behind the last. False when it
-  // stays where it is.
+  // The item is to stand before the one at `target`, another than itself and the next; the count is
+  // behind the last. False in a group without items.
   bool moveItem(const std::wstring& title, int source, int target);
 
   // --- the choice, and the file ---
@@ -99,6 +99,7 @@ class AuxiliaryStore {
   CStringArray list(const std::wstring& key) const;
   static bool fits(const CStringArray& names);
   void storeList(const std::wstring& key, const CStringArray& names);
+  bool hasValue(const std::wstring& key) const;
   std::wstring value(const std::wstring& key) const;
   bool writeChoice(int folder, const std::wstring& label);
 

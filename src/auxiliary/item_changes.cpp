@@ -42,9 +42,10 @@ std::optional<SymbolFiles> AuxiliaryStore::takeItem(const std::wstring& title, i
   const std::wstring label = labels.GetAt(item).wide();
   labels.RemoveAt(item);
   storeList(keys::items(title), labels);
+  if (!isOneLevel(label) || !hasValue(keys::item(title, label))) return std::nullopt;
   const std::wstring block = blockOf(title, label);
-  if (block.empty()) return std::nullopt;
   tree_.DeleteSubKeyW(keys::item(title, label).c_str());
+  if (block.empty()) return std::nullopt;
   return SymbolFiles{directory, block};
 }
 
@@ -66,7 +67,6 @@ Renaming AuxiliaryStore::renameItem(int folder, int item, const std::wstring& te
 }
 
 bool AuxiliaryStore::moveItem(const std::wstring& title, int source, int target) {
-  if (source == target || source == target - 1) return false;
   CStringArray labels = labelsOf(title);
   if (labels.IsEmpty()) return false;
   const CString label = labels.GetAt(source);

@@ -3,6 +3,7 @@
 
 #include <gtest/gtest.h>
 
+#include "support/folder_link.h"
 #include "support/install.h"
 
 namespace {
@@ -32,6 +33,24 @@ TEST_F(DirectoryTree, FileInItsPlaceStays) {
   DeleteDirectoryTree(path("a"));
   EXPECT_TRUE(exists("a"));
   DeleteDirectoryTree(path("gone"));
+}
+
+TEST_F(DirectoryTree, LinksAreNotFollowed) {
+  fs::create_directories(folder_ / "target" / "inner");
+  fs::create_directory(folder_ / "a");
+  const test::FolderLink link(folder_ / "target", folder_ / "link");
+  const test::FolderLink within(folder_ / "target", folder_ / "a" / "link");
+  DeleteDirectoryTree(path("a"));
+  DeleteDirectoryTree(path("link"));
+  EXPECT_TRUE(exists("target/inner"));
+  EXPECT_EQ(exists("a"), !test::FolderLink::canBeRemoved());
+  EXPECT_EQ(exists("link"), !test::FolderLink::canBeRemoved());
+}
+
+TEST_F(DirectoryTree, LinkToAFolderCountsAsTaken) {
+  fs::create_directory(folder_ / "target");
+  const test::FolderLink link(folder_ / "target", folder_ / "fzgn0001");
+  EXPECT_EQ(newGroupDirectory(path("") + L"\\"), L"fzgn0002");
 }
 
 TEST_F(DirectoryTree, FirstFreeDirectoryIsNoFolder) {

@@ -1,5 +1,6 @@
 // Adding, renaming and deleting groups.
 #include "auxiliary/library_fixture.h"
+#include "support/folder_link.h"
 
 namespace {
 
@@ -217,19 +218,19 @@ TEST_F(Groups, LinksAreDeletedAndNotFollowed) {
   EXPECT_FALSE(exists("fzgn0002"));
   EXPECT_TRUE(fs::exists(elsewhere / "keep.txt"));
 }
+#endif
 
 TEST_F(Groups, DirectoryThatIsALinkIsLeftAlone) {
   const fs::path elsewhere = install_.folder() / "elsewhere";
   fs::rename(file("fzgn0002"), elsewhere);
-  fs::create_directory_symlink(elsewhere, file("fzgn0002"));
+  const test::FolderLink link(elsewhere, file("fzgn0002"));
   loaded();
   bar_.selectFolder(1);
   library().RemoveItem(0);
   library().RemoveGroup(1);
   EXPECT_TRUE(fs::exists(elsewhere / "FG002001.dwg"));
-  EXPECT_TRUE(fs::is_symlink(fs::symlink_status(file("fzgn0002"))));
+  EXPECT_TRUE(exists("fzgn0002"));
 }
-#endif
 
 // --- renaming ---
 
@@ -284,6 +285,16 @@ TEST_F(Groups, NewOneIsRefusedWhereTheListHasNoRoom) {
   EXPECT_EQ(bar_.log, Log{kTooLong});
   EXPECT_EQ(bar_.folderCount(), 3);
   EXPECT_FALSE(exists("fzgn0004"));
+}
+
+// Its key would be that of all groups.
+TEST_F(Groups, RenamingAnEmptyTitleLeavesTheOthers) {
+  put(L"索引", L"&仪表&");
+  library();
+  bar_.addFolder(L"", 0);
+  library().folderRenamed(0, L"x");
+  EXPECT_EQ(value(L"索引"), L"x&仪表&");
+  EXPECT_EQ(value(L"数据\\仪表"), L"fzgn0001");
 }
 
 TEST_F(Groups, RenamingWithAnEmptyListChangesNothing) {

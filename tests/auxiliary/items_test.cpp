@@ -125,7 +125,7 @@ TEST_F(Items, ImageOfANewItemIsItsPlaceInTheLargeList) {
   EXPECT_EQ(bar_.labels(0), (Names{L"仪表-2", L"仪表-3", L"new"}));
   EXPECT_EQ(bar_.image(0, 2), 3);
   EXPECT_EQ(bar_.iconCount(0), 4);
-  EXPECT_EQ(bar_.log, Log{L"all"});
+  EXPECT_EQ(bar_.log, (Log{L"drop icon lists", L"all"}));
 }
 
 TEST_F(Items, FirstOneMakesTheIconListsAndTheSecondFindsThem) {
@@ -186,14 +186,18 @@ TEST_F(Items, DeletingOneWhoseFolderIsGoneTakesItsKeys) {
 TEST_F(Items, DeletingInAGroupWithoutDirectoryTakesItFromTheBarAlone) {
   put(L"数据\\仪表", L"");
   loaded().RemoveItem(1);
+  EXPECT_TRUE(exists("fzgn0001/FG001002.dwg"));
   EXPECT_EQ(bar_.itemCount(0), 2);
   EXPECT_EQ(list(), L"仪表-1&仪表-2&仪表-3&");
 }
 
-TEST_F(Items, DeletingOneWithoutBlockNameTakesItFromTheListAlone) {
+TEST_F(Items, DeletingOneWithAnEmptyBlockNameTakesItsKeysAlone) {
   put(L"数据\\仪表\\数据\\仪表-2", L"");
+  test::writeBytes(file("fzgn0001/.dwg"), "what an empty name would lead to");
   loaded().RemoveItem(1);
   EXPECT_EQ(list(), L"仪表-1&仪表-3&");
+  EXPECT_EQ(lengthOf(L"数据\\仪表\\数据\\仪表-2"), -1);
+  EXPECT_TRUE(exists("fzgn0001/.dwg"));
   EXPECT_TRUE(exists("fzgn0001/FG001002.dwg"));
 }
 
@@ -207,6 +211,7 @@ TEST_F(Items, BlockNamesThatLeadElsewhereDeleteNothing) {
     library.LoadStore();
     library.RemoveItem(1);
     EXPECT_EQ(bar.itemCount(0), 2);
+    EXPECT_EQ(library.store().tree().GetSubValueFromPathW(0, L"数据\\仪表\\数据\\仪表-2"), nullptr);
   }
   EXPECT_TRUE(exists("fzgn0002/FG002001.dwg"));
   for (const char* name : {"1", "2", "3"}) {
@@ -313,6 +318,15 @@ TEST_F(Items, LabelThatMakesTheListTooLongIsRefused) {
   EXPECT_EQ(bar_.labels(0).at(1), L"仪表-2");
   EXPECT_TRUE(list() == std::wstring(20000, L'a') + L"&仪表-2&仪表-3&");
   EXPECT_EQ(value(L"数据\\仪表\\数据\\仪表-2"), L"FG001002");
+}
+
+// Its key would be that of all items.
+TEST_F(Items, RenamingAnEmptyLabelLeavesTheOthers) {
+  put(L"数据\\仪表\\索引", L"仪表-1&&仪表-3&");
+  loaded().itemRenamed(1, L"x");
+  EXPECT_EQ(list(), L"仪表-1&x&仪表-3&");
+  EXPECT_EQ(value(L"数据\\仪表\\数据\\仪表-1"), L"FG001001");
+  EXPECT_EQ(value(L"数据\\仪表\\x"), L"(none)");
 }
 
 TEST_F(Items, RenamingInAGroupWithoutListChangesNothing) {

@@ -47,6 +47,10 @@ class NotingBar : public WindowlessBar {
     log.push_back(L"remove item " + std::to_wstring(item));
     WindowlessBar::removeItem(folder, item);
   }
+  void dropIconLists() override {
+    log.push_back(L"drop icon lists");
+    WindowlessBar::dropIconLists();
+  }
   void repaint() override { log.push_back(L"all"); }
   void repaintItems() override { log.push_back(L"items"); }
   void repaintHeader(int folder) override { log.push_back(L"header " + std::to_wstring(folder)); }

@@ -73,6 +73,7 @@ TEST_F(LoadStore, GroupOfAnotherTypeBeforeAShownOneIsABadIndex) {
   put(L"数据\\仪表\\类型", L"1");
   test::expectInvalidArgument([&] { library().LoadStore(); });
   EXPECT_EQ(bar_.titles(), Names{L"信号"});
+  EXPECT_EQ(bar_.folders().folder(0).data, 1);
 }
 
 TEST_F(LoadStore, FillingShowsWhatStopsItOnceAndGoesOn) {
