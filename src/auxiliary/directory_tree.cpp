@@ -7,6 +7,8 @@ void DeleteDirectoryTree(const std::wstring& path) {
   if (!isFolder(path)) return;
   if (!isLink(path)) {
     for (const FolderEntry& entry : folderEntries(path)) {
+      // Where names may have backslashes, such a name as a path would lead elsewhere.
+      if (entry.name.find(L'\\') != entry.name.npos) continue;
       const std::wstring inside = path + L"\\" + entry.name;
       if (entry.folder) {
         DeleteDirectoryTree(inside);

@@ -101,6 +101,20 @@ TEST_F(Auxiliary, LabelsOfAGroup) {
   EXPECT_EQ(namesOf(store.labels(-1)), Names{});
 }
 
+TEST_F(Auxiliary, TitleOfSeveralLevelsHasNoValues) {
+  putTwoGroups();
+  put({{L"索引", L"仪表\\x&"},
+       {L"数据\\仪表\\x", L"fzgn0002"},
+       {L"数据\\仪表\\x\\类型", L"0"},
+       {L"数据\\仪表\\x\\索引", L"a&"},
+       {L"数据\\仪表\\x\\数据\\a", L"FG002001"}});
+  AuxiliaryStore store;
+  EXPECT_EQ(namesOf(store.labels(0)), Names{});
+  EXPECT_EQ(store.directoryOf(L"仪表\\x"), L"");
+  EXPECT_EQ(store.blockOf(L"仪表\\x", L"a"), L"");
+  EXPECT_EQ(store.shownTitles(), Names{});
+}
+
 TEST_F(Auxiliary, ChoiceIsWrittenToTheFileAtOnce) {
   putTwoGroups();
   AuxiliaryStore store;

@@ -1,6 +1,7 @@
 // Clicks on items and the "new" entry: what is written, and what is sent to the command line.
 #include "auxiliary/library_fixture.h"
 #include "controls/auxiliary_bar_library.h"
+#include "embedded/base/files.h"
 #include "module/information.h"
 
 namespace {
@@ -76,6 +77,18 @@ TEST_F(Clicks, WithoutAnyTitleTheFileIsWrittenAllTheSame) {
   EXPECT_EQ(inFile(L"图标状态"), L"1");
   EXPECT_EQ(inFile(L"当前选择\\类型"), L"(none)");
   EXPECT_EQ(sent(), std::vector{kChosen});
+}
+
+TEST_F(Clicks, FullDiskKeepsTheFileAndTheChoiceGoesWithTheNextClick) {
+  loaded();
+  base::setSaveHook([](base::SaveStep) { return base::Status::failure("no space left"); });
+  library().itemClicked(0);
+  base::setSaveHook(nullptr);
+  EXPECT_EQ(inFile(L"当前选择\\块名"), L"(none)");
+  EXPECT_EQ(inFile(L"索引"), L"仪表&信号&接地&");
+  EXPECT_EQ(sent(), std::vector{kChosen});
+  library().itemClicked(0);
+  EXPECT_EQ(inFile(L"当前选择\\块名"), libraryFolder() + L"fzgn0001\\FG001001.dwg");
 }
 
 TEST_F(Clicks, FolderBehindTheListRaisesAndSendsNothing) {

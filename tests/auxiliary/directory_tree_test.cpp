@@ -47,6 +47,18 @@ TEST_F(DirectoryTree, LinksAreNotFollowed) {
   EXPECT_EQ(exists("link"), !test::FolderLink::canBeRemoved());
 }
 
+#ifndef _WIN32
+TEST_F(DirectoryTree, NameWithABackslashLeadsNowhereElse) {
+  fs::create_directory(folder_ / "a");
+  test::writeBytes(folder_ / "keep", "x");
+  test::writeBytes(folder_ / "a" / "..\\keep", "x");
+  test::writeBytes(folder_ / "a" / "file", "x");
+  DeleteDirectoryTree(path("a"));
+  EXPECT_TRUE(exists("keep"));
+  EXPECT_FALSE(exists("a/file"));
+}
+#endif
+
 TEST_F(DirectoryTree, LinkToAFolderCountsAsTaken) {
   fs::create_directory(folder_ / "target");
   const test::FolderLink link(folder_ / "target", folder_ / "fzgn0001");

@@ -141,6 +141,18 @@ TEST_F(Items, FirstOneMakesTheIconListsAndTheSecondFindsThem) {
   EXPECT_EQ(bar_.iconCount(2), 2);
 }
 
+TEST_F(Items, FirstOneAfterAllWereDeletedMakesNewIconLists) {
+  loaded();
+  bar_.selectFolder(1);
+  library().RemoveItem(0);
+  const std::wstring slides = libraryFolder() + L"fzgn0002\\fzgn0002.slb";
+  addSlide(slides, L"FG002001");
+  bar_.iconListsMade.clear();
+  library().AddItemImage(slides, L"FG002001", L"new");
+  EXPECT_EQ(bar_.iconListsMade, std::vector{1});
+  EXPECT_EQ(bar_.image(1, 0), 0);
+}
+
 TEST_F(Items, SlideThatIsMissingGivesAnItemWithoutImage) {
   loaded().AddItemImage(libraryFolder() + L"fzgn0001\\fzgn0001.slb", L"no such", L"new");
   EXPECT_EQ(bar_.image(0, 3), -1);
@@ -199,6 +211,32 @@ TEST_F(Items, DeletingOneWithAnEmptyBlockNameTakesItsKeysAlone) {
   EXPECT_EQ(lengthOf(L"数据\\仪表\\数据\\仪表-2"), -1);
   EXPECT_TRUE(exists("fzgn0001/.dwg"));
   EXPECT_TRUE(exists("fzgn0001/FG001002.dwg"));
+}
+
+TEST_F(Items, DeletingOneWithoutBlockNameTakesItFromTheListAlone) {
+  loaded();
+  CQuillDpData& tree = library().store().tree();
+  tree.DeleteSubKeyW(L"数据\\仪表\\数据\\仪表-2");
+  tree.SetSubValueW(L"数据\\仪表\\数据\\仪表-2\\below", 2, L"x", 0);
+  library().RemoveItem(1);
+  EXPECT_EQ(list(), L"仪表-1&仪表-3&");
+  EXPECT_EQ(lengthOf(L"数据\\仪表\\数据\\仪表-2"), 0);
+}
+
+// Its key would be that of all items.
+TEST_F(Items, DeletingAnEmptyLabelLeavesTheOthers) {
+  put(L"数据\\仪表\\索引", L"仪表-1&&仪表-3&");
+  put(L"数据\\仪表\\数据", L"FG001003");
+  loaded().RemoveItem(1);
+  EXPECT_EQ(list(), L"仪表-1&仪表-3&");
+  EXPECT_EQ(value(L"数据\\仪表\\数据\\仪表-1"), L"FG001001");
+  EXPECT_TRUE(exists("fzgn0001/FG001003.dwg"));
+}
+
+TEST_F(Items, DeletingFilesBehindTheListChangesNothing) {
+  loaded().RemoveItemFiles(3);
+  library().RemoveItemFiles(-1);
+  EXPECT_EQ(list(), L"仪表-1&仪表-2&仪表-3&");
 }
 
 TEST_F(Items, BlockNamesThatLeadElsewhereDeleteNothing) {
@@ -335,6 +373,16 @@ TEST_F(Items, RenamingInAGroupWithoutListChangesNothing) {
   bar_.log.clear();
   library().itemRenamed(0, L"x");
   EXPECT_EQ(bar_.log, Log{L"items"});
+}
+
+TEST_F(Items, RenamingWithoutAnyTitleChangesNothing) {
+  put(L"索引", L"");
+  loaded();
+  bar_.addFolder(L"a", 0);
+  bar_.insertItem(0, 0, L"b", -1);
+  library().itemRenamed(0, L"x");
+  EXPECT_EQ(bar_.log, Log{L"items"});
+  EXPECT_EQ(bar_.labels(0), Names{L"b"});
 }
 
 TEST_F(Items, RenamingAStaleIndexRaises) {

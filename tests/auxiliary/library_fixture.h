@@ -34,6 +34,7 @@ class NotingBar : public WindowlessBar {
  public:
   Log log;
   int answer = kMessageAnswerOk;
+  std::vector<int> iconListsMade;  // icons expected in each pair
 
   void setAnimation(int folderStep, int itemInterval) override {
     log.push_back(L"animation " + std::to_wstring(folderStep) + L" " +
@@ -46,6 +47,10 @@ class NotingBar : public WindowlessBar {
   void removeItem(int folder, int item) override {
     log.push_back(L"remove item " + std::to_wstring(item));
     WindowlessBar::removeItem(folder, item);
+  }
+  void makeIconLists(int expected) override {
+    iconListsMade.push_back(expected);
+    WindowlessBar::makeIconLists(expected);
   }
   void dropIconLists() override {
     log.push_back(L"drop icon lists");

@@ -44,6 +44,7 @@ TEST_F(LoadStore, GroupWithoutItemListHasNeitherItemsNorIcons) {
   library().LoadStore();
   EXPECT_EQ(bar_.itemCount(2), 0);
   EXPECT_EQ(bar_.iconCount(2), 0);
+  EXPECT_EQ(bar_.iconListsMade, (std::vector{3, 1}));  // of the two before
 }
 
 // The position counts, so that a missing slide shifts the pictures of those behind it.
