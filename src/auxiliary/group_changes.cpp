@@ -17,6 +17,7 @@ void AuxiliaryStore::addGroup(const std::wstring& title) {
   CStringArray all = titles();
   all.Add(title);
   storeList(keys::kIndex, all);
+  tree_.DeleteSubKeyW(keys::group(title).c_str());  // left by a group that no list names any more
   storeText(tree_, keys::type(title), L"0");
 }
 

@@ -335,6 +335,15 @@ TEST_F(Groups, TitleWithABackslashLosesItsGroupButNoFile) {
   EXPECT_EQ(value(L"数据\\仪表\\数据\\仪表-1"), L"FG001001");
 }
 
+TEST_F(Groups, NewOneIsEmptyAlsoUnderATitleWhoseKeysWereLeft) {
+  loaded().folderRenamed(1, L"新建图库组");
+  library().folderRenamed(1, L"a\\b");
+  library().NewGroup();
+  EXPECT_EQ(value(L"数据\\新建图库组"), L"fzgn0004");
+  EXPECT_EQ(lengthOf(L"数据\\新建图库组\\索引"), -1);
+  EXPECT_TRUE(exists("fzgn0002/FG002001.dwg"));
+}
+
 TEST_F(Groups, TitleWithABackslashIsNotShownAgain) {
   loaded().folderRenamed(2, L"a\\b");
   library().close();
