@@ -33,8 +33,8 @@ def apps_of(entity):
 
 
 # Kinds whose extents it knows exactly; texts it only guesses.
-FIGURES = {"POINT", "LINE", "ARC", "CIRCLE", "ELLIPSE", "SOLID", "LWPOLYLINE", "POLYLINE", "HATCH",
-           "INSERT"}
+FIGURES = {"POINT", "LINE", "ARC", "CIRCLE", "ELLIPSE", "SPLINE", "SOLID", "TRACE", "LWPOLYLINE",
+           "POLYLINE", "HATCH", "INSERT"}
 
 
 def boxes_of(document):

@@ -215,7 +215,7 @@ class Plot(Install):
     def test_what_has_no_picture_is_told(self):
         shutil.copy(DATA / "TS1.dwg", self.folder)
         _, problem = self.run_vornik("plot", "TS1.dwg", "--output", "ts1.svg")
-        self.assertIn("1 of kind SPLINE are not shown", problem)
+        self.assertIn("1 of kind MLINE are not shown", problem)
         self.assertNotIn("DIMENSION", problem)
 
 

@@ -137,6 +137,21 @@ void FieldDump::lineEnds(const Line& line) {
   point("end", 11, line.end);
 }
 
+void FieldDump::spline(const Spline& spline) {
+  number("degree", spline.degree);
+  bit("closed", 70, spline.closed);
+  bit("periodic", 70, spline.periodic);
+  if (!spline.controls.empty()) {
+    member("knots", jsonList(spline.knots, jsonNumber));
+    member("controls", jsonList(spline.controls, spaceJson));
+  }
+  if (!spline.weights.empty()) member("weights", jsonList(spline.weights, jsonNumber));
+  if (spline.fitPoints.empty()) return;
+  member("fitPoints", jsonList(spline.fitPoints, spaceJson));
+  point("startTangent", 12, spline.startTangent);
+  point("endTangent", 13, spline.endTangent);
+}
+
 void FieldDump::solidCorners(const Solid& solid) {
   const std::vector<Point2> corners(solid.corners.begin(), solid.corners.end());
   member("corners", jsonList(corners, flatJson));

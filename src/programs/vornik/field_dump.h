@@ -41,6 +41,7 @@ class FieldDump {
 
   void recordFlags(const drafting::Record&) {}
   void lineEnds(const drafting::Line& line);
+  void spline(const drafting::Spline& spline);
   void solidCorners(const drafting::Solid& solid);
   void lwPolyline(const drafting::LwPolyline& polyline);
   void packedGroups(std::string_view packed);

@@ -179,7 +179,7 @@ TEST_F(FilesTest, AnOpenedDrawingIsRecent) {
 
 TEST_F(FilesTest, LossesAreAskedAboutBeforeAnythingIsWritten) {
   test::writeFile(folder.path() / "in.dxf",
-                  "0\nSECTION\n2\nENTITIES\n0\nSPLINE\n8\n0\n100\nAcDbEntity\n100\nAcDbSpline\n"
+                  "0\nSECTION\n2\nENTITIES\n0\nMLINE\n8\n0\n100\nAcDbEntity\n100\nAcDbMline\n"
                   "70\n8\n71\n3\n72\n0\n73\n0\n74\n0\n0\nENDSEC\n0\nEOF\n");
   act({[this] { desk.open(pathOf("in.dxf")); }});
   ASSERT_FALSE(drafting::drawingLosses(session.database(), pathOf("out.dwg")).empty());

@@ -74,6 +74,11 @@ class Listing {
     item("长轴", "major axis", place(ellipse.majorAxis));
     item("轴比", "ratio", number(ellipse.ratio));
   }
+  void geometry(const Spline& spline) {
+    item("阶数", "degree", std::to_string(spline.degree));
+    for (const Point3& control : spline.controls) item("控制点", "control", place(control));
+    for (const Point3& point : spline.fitPoints) item("拟合点", "fit point", place(point));
+  }
   void geometry(const Solid& solid) {
     for (const Point2 corner : solid.corners) item("角点", "corner", place(corner));
   }

@@ -10,6 +10,10 @@ namespace {
 
 bool flatNormal(const Point3& normal) { return normal.x == 0 && normal.y == 0 && normal.z > 0; }
 
+bool isSolid(const Entity& entity) {
+  return entity.kind == Kind::Solid || entity.kind == Kind::Trace;
+}
+
 class Stretcher {
  public:
   Stretcher(Database& database, const Region& region, const Point3& by)
@@ -24,7 +28,7 @@ class Stretcher {
       stretchPolyline(static_cast<LwPolyline&>(*entity));
     } else if (entity->kind == Kind::Arc && flatNormal(static_cast<Arc&>(*entity).normal)) {
       stretchArc(static_cast<Arc&>(*entity));
-    } else if (entity->kind == Kind::Solid && flatNormal(static_cast<Solid&>(*entity).normal)) {
+    } else if (isSolid(*entity) && flatNormal(static_cast<Solid&>(*entity).normal)) {
       stretchSolid(static_cast<Solid&>(*entity));
     } else if (placeWithin(*entity)) {
       transformWithParts(database_, handle, Map3::translation(by_));

@@ -53,6 +53,22 @@ struct Ellipse : Entity {
   double startAngle = 0, endAngle = 0;
 };
 
+// A curve that is drawn by its control points, or, where there are none, through its fit points. A
+// DXF file can have both; the fit points then only tell how it was made.
+struct Spline : Entity {
+  Spline() : Entity(Kind::Spline) {}
+  std::int32_t degree = 3;
+  bool closed = false, periodic = false, rational = false;
+  std::int16_t otherFlags = 0;  // 8 planar, 16 straight; of DXF only
+  Point3 normal = kZAxis;       // of planar ones; of DXF only
+  double knotTolerance = 1e-7, controlTolerance = 1e-7, fitTolerance = 1e-10;
+  std::vector<double> knots;
+  std::vector<Point3> controls;
+  std::vector<double> weights;      // empty, or one a control point
+  Point3 startTangent, endTangent;  // of fit points; 0 where the curve is free
+  std::vector<Point3> fitPoints;
+};
+
 // The corners run zigzag: the outline is 0, 1, 3, 2.
 struct Solid : Entity {
   Solid() : Entity(Kind::Solid) {}
@@ -60,6 +76,14 @@ struct Solid : Entity {
   double elevation = 0;
   double thickness = 0;
   Point3 normal = kZAxis;
+
+ protected:
+  using Entity::Entity;
+};
+
+// A solid by another command: a line with width.
+struct Trace : Solid {
+  Trace() : Solid(Kind::Trace) {}
 };
 
 struct LwPolyline : Entity {

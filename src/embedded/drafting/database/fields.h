@@ -81,6 +81,13 @@ void walk(W& w, Walked<W, Ellipse> o) {
 }
 
 template <class W>
+void walk(W& w, Walked<W, Spline> o) {
+  w.subclass("AcDbSpline");
+  w.spline(o);  // everything: what it is drawn by says which fields there are
+}
+
+// Traces too.
+template <class W>
 void walk(W& w, Walked<W, Solid> o) {
   w.subclass("AcDbTrace");
   w.thickness(39, o.thickness);

@@ -30,7 +30,9 @@ enum class Kind : std::uint8_t {
   Circle,
   Arc,
   Ellipse,
+  Spline,
   Solid,
+  Trace,
   LwPolyline,
   Hatch,
   Polyline,  // the old form, whose vertices are entities of their own

@@ -101,6 +101,17 @@ class Transformer {
     return true;
   }
 
+  bool apply(Spline& spline) {
+    const auto plane = planeMap(map_, spline.normal, 0);
+    if (!plane) return false;
+    for (Point3& point : spline.controls) point = map_(point);
+    for (Point3& point : spline.fitPoints) point = map_(point);
+    spline.startTangent = map_.direction(spline.startTangent);
+    spline.endTangent = map_.direction(spline.endTangent);
+    spline.normal = plane->normal;
+    return true;
+  }
+
   bool apply(Solid& solid) {
     const auto plane = planeMap(map_, solid.normal, solid.elevation);
     if (!plane) return false;

@@ -21,7 +21,9 @@ decltype(auto) visitKind(Kind kind, F&& f) {
     case Kind::Circle: return f(static_cast<Circle*>(nullptr));
     case Kind::Arc: return f(static_cast<Arc*>(nullptr));
     case Kind::Ellipse: return f(static_cast<Ellipse*>(nullptr));
+    case Kind::Spline: return f(static_cast<Spline*>(nullptr));
     case Kind::Solid: return f(static_cast<Solid*>(nullptr));
+    case Kind::Trace: return f(static_cast<Trace*>(nullptr));
     case Kind::LwPolyline: return f(static_cast<LwPolyline*>(nullptr));
     case Kind::Hatch: return f(static_cast<Hatch*>(nullptr));
     case Kind::Polyline: return f(static_cast<Polyline*>(nullptr));

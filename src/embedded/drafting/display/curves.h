@@ -34,13 +34,4 @@ struct PolylineShape {
 std::vector<PolylineShape> shapesOf(const LwPolyline& polyline, double tolerance,
                                     const DashPattern& pattern = {});
 
-// A spline; of no degree, or with knots that don't ascend, it is its control points' way.
-struct SplineCurve {
-  int degree = 3;
-  std::span<const double> knots;
-  std::span<const Point2> controls;
-  std::span<const double> weights;  // empty, or one a control point
-};
-Path splinePath(const SplineCurve& spline);
-
 }  // namespace drafting

@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <cmath>
 
+#include "embedded/drafting/display/splines.h"
+
 namespace drafting {
 namespace {
 

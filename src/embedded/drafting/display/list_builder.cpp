@@ -12,6 +12,7 @@
 #include "embedded/drafting/display/display_list.h"
 #include "embedded/drafting/display/hatching.h"
 #include "embedded/drafting/display/mtext_layout.h"
+#include "embedded/drafting/display/splines.h"
 #include "embedded/drafting/display/style_fonts.h"
 #include "embedded/drafting/display/text_layout.h"
 
@@ -305,6 +306,8 @@ class ListBuilder {
     for (Point2& point : path) point = axes(point);
     strokeIn(look_.map, path);
   }
+
+  void show(const Spline& spline) { stroke(splinePath(spline)); }
 
   void show(const Solid& solid) {
     const auto& c = solid.corners;

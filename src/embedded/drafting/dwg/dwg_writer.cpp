@@ -193,12 +193,20 @@ base::Result<std::string> DwgWriter::write() {
   return std::move(out_);
 }
 
+// A file has control points or fit points.
+bool losesFitPoints(const Object& object) {
+  if (object.kind != Kind::Spline) return false;
+  const auto& spline = static_cast<const Spline&>(object);
+  return !spline.controls.empty() && !spline.fitPoints.empty();
+}
+
 }  // namespace
 
 std::string dwgLosses(const Database& database) {
   std::map<std::string, int> counts;
   database.forEach([&](const Object& object) {
     if (isOfGroups(object)) ++counts[std::string(typeName(database, object))];
+    if (losesFitPoints(object)) ++counts["SPLINE (fit points)"];
   });
   return countedNames(counts);
 }

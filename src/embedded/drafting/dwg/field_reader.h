@@ -52,6 +52,7 @@ class FieldReader {
 
   void recordFlags(Record&) {}
   void lineEnds(Line& line);
+  void spline(Spline& spline);
   void solidCorners(Solid& solid);
   void lwPolyline(LwPolyline& line);
   void packedGroups(std::string& groups) { blob("", 0, groups); }
@@ -90,6 +91,8 @@ class FieldReader {
   }
   void readRest(Bits& body, std::vector<Reference>& list);
   void members(std::vector<Handle>& list, Handle& seqEnd);
+  void splineFitPoints(Spline& spline);
+  void splineControls(Spline& spline);
   void hatchPolyline(Hatch::Path& path);
   void hatchEdge(Hatch::Edge& edge);
   void hatchSpline(Hatch::Edge& edge);

@@ -57,6 +57,7 @@ class FieldWriter {
 
   void recordFlags(const Record&) {}
   void lineEnds(const Line& line);
+  void spline(const Spline& spline);
   void solidCorners(const Solid& solid);
   void lwPolyline(const LwPolyline& line);
   void packedGroups(std::string_view groups) { blob("", 0, groups); }
@@ -93,6 +94,8 @@ class FieldWriter {
   void referenceList(const std::vector<Reference>& list);
   void members(const std::vector<Handle>& list, Handle seqEnd);
   void listSize(std::size_t size) { data.longInteger(static_cast<std::uint32_t>(size)); }
+  void splineFitPoints(const Spline& spline);
+  void splineControls(const Spline& spline);
   void hatchPolyline(const Hatch::Path& path);
   void hatchEdge(const Hatch::Edge& edge);
   void hatchSpline(const Hatch::Edge& edge);

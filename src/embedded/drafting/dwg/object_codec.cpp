@@ -32,7 +32,7 @@ constexpr TypeRow kTypes[] = {
     {0x4E, Kind::Hatch},     {0x0A, Kind::Vertex},      {0x0B, Kind::Vertex},
     {0x0C, Kind::Vertex},    {0x0D, Kind::Vertex},      {0x0E, Kind::Vertex},
     {0x0F, Kind::Polyline},  {0x10, Kind::Polyline},    {0x1D, Kind::Polyline},
-    {0x1E, Kind::Polyline},
+    {0x1E, Kind::Polyline},  {0x20, Kind::Trace},       {0x24, Kind::Spline},
 };
 
 // --- linetype and plot style: 2 bits, and a reference where they say 3

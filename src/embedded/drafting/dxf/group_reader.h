@@ -45,6 +45,7 @@ class GroupReader {
 
   void recordFlags(Record& record);
   void lineEnds(Line& line);
+  void spline(Spline& spline);
   void solidCorners(Solid& solid);
   void lwPolyline(LwPolyline& line);
   void planeElevation(int group, double& value) { value = groups_.point(group, {}).z; }

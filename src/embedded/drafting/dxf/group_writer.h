@@ -52,6 +52,7 @@ class GroupWriter {
 
   void recordFlags(const Record& record);
   void lineEnds(const Line& line);
+  void spline(const Spline& spline);
   void solidCorners(const Solid& solid);
   void lwPolyline(const LwPolyline& line);
   void planeElevation(int group, double value) { sink_.point(group, {0, 0, value}); }

@@ -40,6 +40,13 @@ class Geometry {
     add(41, ellipse.startAngle);
     add(42, ellipse.endAngle);
   }
+  void operator()(const Spline& spline) {
+    add(71, spline.degree);
+    for (const double knot : spline.knots) add(40, knot);
+    for (const double weight : spline.weights) add(41, weight);
+    for (const Point3& control : spline.controls) add(10, control);
+    for (const Point3& point : spline.fitPoints) add(11, point);
+  }
   void operator()(const Solid& solid) {
     int code = 10;
     for (const Point2 corner : solid.corners)

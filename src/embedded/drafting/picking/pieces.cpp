@@ -7,6 +7,7 @@
 #include "embedded/drafting/database/transform.h"
 #include "embedded/drafting/database/visit.h"
 #include "embedded/drafting/display/curves.h"
+#include "embedded/drafting/display/splines.h"
 
 namespace drafting {
 namespace {
@@ -113,6 +114,10 @@ class Collector {
     const Map3 all = map * Map3{m, minor, n, ellipse.centre};
     putPath(arcPath({}, 1, ellipse.startAngle, sweepOf(ellipse.startAngle, ellipse.endAngle), 0),
             plane(all, kZAxis, 0));
+  }
+  void take(const Spline& spline, const Map3& map, int) {
+    Spline seen = spline;
+    if (transformEntity(seen, map)) putPath(splinePath(seen), {});
   }
   void take(const Solid& solid, const Map3& map, int) {
     const auto& c = solid.corners;

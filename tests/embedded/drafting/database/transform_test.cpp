@@ -186,6 +186,18 @@ std::vector<std::unique_ptr<Entity>> oneOfEach() {
   Solid solid;
   solid.corners = {Point2{0, 0}, Point2{3, 0}, Point2{0, 2}, Point2{4, 5}};
   add(solid);
+  Trace trace;
+  trace.corners = solid.corners;
+  add(trace);
+  Spline spline;
+  spline.fitPoints = {{0, 0, 0}, {3, 4, 0}, {7, -1, 0}};
+  spline.startTangent = {1, 3, 0};
+  add(spline);
+  spline.degree = 2;
+  spline.knots = {0, 0, 0, 1, 1, 1};
+  spline.controls = {{1, 0, 0}, {4, 2, 0}, {2, 5, 0}};
+  spline.weights = {1, 0.5, 1};
+  add(spline);
   LwPolyline polyline;
   polyline.points = {{0, 0}, {5, 0}, {5, 5}};
   polyline.bulges = {0.5, -0.2, 0};

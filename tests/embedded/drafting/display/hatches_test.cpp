@@ -1,6 +1,7 @@
 // Hatches as areas and lines, with islands and every form of boundary.
 #include "embedded/drafting/display/hatching.h"
 #include "embedded/drafting/display/picture_fixture.h"
+#include "embedded/drafting/display/splines.h"
 
 namespace drafting {
 namespace {

@@ -243,7 +243,7 @@ TEST_F(RecoveryTest, WhatOnlyADxfFileHoldsComesBack) {
   std::string text = dxfOf(session.database());
   const std::size_t at = text.find("ENDSEC", text.find("\nENTITIES"));
   text.insert(text.rfind("  0", at),
-              "  0\r\nSPLINE\r\n  5\r\nF00\r\n  8\r\n0\r\n 70\r\n     8\r\n");
+              "  0\r\nMLINE\r\n  5\r\nF00\r\n  8\r\n0\r\n 70\r\n     8\r\n");
   write(base::pathFromUtf8(pathOf("a.dxf")), text);
   ASSERT_TRUE(session.openDrawing(pathOf("a.dxf")).ok());
   type("CIRCLE 0,0 2\nMOVE ALL\n\n0,0 1,0\n");
@@ -253,7 +253,7 @@ TEST_F(RecoveryTest, WhatOnlyADxfFileHoldsComesBack) {
   EXPECT_EQ(lost->notes, std::vector<std::string>());
   const std::string back = dxfOf(*lost->document->database);
   EXPECT_TRUE(back == dxfOf(session.database()));
-  EXPECT_NE(back.find("SPLINE"), std::string::npos);
+  EXPECT_NE(back.find("MLINE"), std::string::npos);
 }
 
 TEST_F(RecoveryTest, WorkGoesOnWhereNoRecordCanBeWritten) {

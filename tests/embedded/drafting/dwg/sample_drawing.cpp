@@ -37,6 +37,13 @@ struct Filler {
   void normal(int, Point3& v) { v = {1, 0, 0}; }
   void handle(const char*, int group, std::uint8_t, Handle& v) { v = group == 7 ? style : v; }
   void lineEnds(Line& o) { o.start = {1, 2, 3}, o.end = {1, 5, 3.5}; }
+  // A file has only one of the two, so that the fit points are another one's.
+  void spline(Spline& o) {
+    o.degree = 2, o.closed = o.periodic = o.rational = true;
+    o.knotTolerance = value(), o.controlTolerance = value();
+    o.knots = {0, 0, 0, 0.5, 1, 1, 1}, o.weights = {1, 0.5, 2, 1};
+    for (int i = 0; i < 4; ++i) o.controls.push_back({value(), value(), value()});
+  }
   void solidCorners(Solid& o) {
     o.elevation = value();
     for (Point2& corner : o.corners) corner = flatValue();
@@ -135,6 +142,10 @@ std::unique_ptr<T> plain(const Database& db) {
   auto entity = std::make_unique<T>();
   entity->layer = db.findRecord(Table::Layers, "0");
   if constexpr (std::is_same_v<T, Ellipse>) entity->majorAxis = {1, 0, 0};
+  if constexpr (std::is_same_v<T, Spline>) {
+    entity->fitPoints = {{0, 0, 0}, {10, 5, 0}, {20, 0, 1}};
+    entity->startTangent = {0, 1, 0};
+  }
   if constexpr (std::is_same_v<T, LwPolyline>) {
     entity->points = {{0, 0}, {10, 0}};
     entity->constantWidth = 0.5;
@@ -279,7 +290,7 @@ std::unique_ptr<Database> makeSampleDrawing() {
   addRecords(db);
   BlockRecord& space = db.modelSpace();
   appendEach<Line, Point, Circle, Arc, Ellipse, Solid, LwPolyline, Text, MText, Attdef>(db, space);
-  appendEach<Hatch>(db, space);
+  appendEach<Hatch, Spline, Trace>(db, space);
   addPolylines(db);
   const Handle block = addBlock(db, "断路器", false);
   appendEach<Line, Text, Attdef>(db, *db.find<BlockRecord>(block));

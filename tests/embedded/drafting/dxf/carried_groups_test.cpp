@@ -20,22 +20,22 @@ T& add(Database& db) {
   return *db.find<T>(db.append(db.modelSpace(), std::move(entity)));
 }
 
-// A drawing as it is read from a file with a spline, a line and a table style.
+// A drawing as it is read from a file with a multiline, a line and a table style.
 std::unique_ptr<Database> drawingWithMore() {
   auto made = Database::makeNew();
   Database& db = *made;
   auto layer = std::make_unique<Layer>();
   layer->name = "主线";
   const Handle line = db.addRecord(Table::Layers, std::move(layer));
-  auto& spline = add<GroupEntity>(db);
-  spline.name = "SPLINE";
-  spline.colour = 3;
-  spline.layer = line;
-  packGroup(spline.groups, 100, "AcDbSpline");
-  packGroup(spline.groups, 70, "8");
-  packGroup(spline.groups, 10, "1.5");
-  packGroup(spline.groups, 20, "2.5");
-  packGroup(spline.groups, 30, "0.0");
+  auto& carried = add<GroupEntity>(db);
+  carried.name = "MLINE";
+  carried.colour = 3;
+  carried.layer = line;
+  packGroup(carried.groups, 100, "AcDbMline");
+  packGroup(carried.groups, 70, "8");
+  packGroup(carried.groups, 10, "1.5");
+  packGroup(carried.groups, 20, "2.5");
+  packGroup(carried.groups, 30, "0.0");
   add<Line>(db);
   auto& root = *db.find<Dictionary>(db.header.handle("NAMED_DICTIONARY"));
   auto style = std::make_unique<GroupObject>();
@@ -57,12 +57,12 @@ TEST(CarriedGroups, EntityKeepsItsGroupsThroughDxf) {
   const auto db = drawingWithMore();
   ASSERT_NE(db, nullptr);
   EXPECT_EQ(db->modelSpace().count, 2u);
-  const auto& spline = firstOf<GroupEntity>(*db);
-  EXPECT_EQ(spline.name, "SPLINE");
-  EXPECT_EQ(spline.colour, 3);
-  EXPECT_EQ(db->recordName(spline.layer), "主线");
-  EXPECT_EQ(packedValue(spline.groups, 10), "1.5");
-  EXPECT_EQ(packedValue(spline.groups, 62), "");
+  const auto& carried = firstOf<GroupEntity>(*db);
+  EXPECT_EQ(carried.name, "MLINE");
+  EXPECT_EQ(carried.colour, 3);
+  EXPECT_EQ(db->recordName(carried.layer), "主线");
+  EXPECT_EQ(packedValue(carried.groups, 10), "1.5");
+  EXPECT_EQ(packedValue(carried.groups, 62), "");
   const auto again = drawingOf(dxfOf(*db));
   ASSERT_NE(again, nullptr);
   EXPECT_TRUE(expectSameDrawing(*db, *again, false));
@@ -80,33 +80,33 @@ TEST(CarriedGroups, ObjectKeepsItsGroupsAndItsPlaceInTheDictionary) {
 }
 
 TEST(CarriedGroups, OldFilesKeepThemToo) {
-  const auto db = drawingOf(entitiesFile("0|TRACE|8|L1|62|2|10|1|20|2|0|3DFACE|8|0|10|5"));
+  const auto db = drawingOf(entitiesFile("0|SHAPE|8|L1|62|2|10|1|20|2|0|3DFACE|8|0|10|5"));
   ASSERT_NE(db, nullptr);
-  const auto& trace = firstOf<GroupEntity>(*db);
-  EXPECT_EQ(trace.colour, 2);
-  EXPECT_EQ(packedValue(trace.groups, 62), "") << "common groups aren't kept twice";
-  EXPECT_EQ(packedValue(trace.groups, 20), "2");
-  EXPECT_EQ(dwgLosses(*db), "1 3DFACE, 1 TRACE");
+  const auto& shape = firstOf<GroupEntity>(*db);
+  EXPECT_EQ(shape.colour, 2);
+  EXPECT_EQ(packedValue(shape.groups, 62), "") << "common groups aren't kept twice";
+  EXPECT_EQ(packedValue(shape.groups, 20), "2");
+  EXPECT_EQ(dwgLosses(*db), "1 3DFACE, 1 SHAPE");
 }
 
 TEST(CarriedGroups, CodesThatTheFormatDoesNotHaveAreLeftOut) {
-  const auto db = drawingOf(entitiesFile("0|SPLINE|8|0|70|8|-3|x|9999|y|71|3"));
+  const auto db = drawingOf(entitiesFile("0|MLINE|8|0|70|8|-3|x|9999|y|71|3"));
   ASSERT_NE(db, nullptr);
-  const auto& spline = firstOf<GroupEntity>(*db);
-  EXPECT_EQ(packedValue(spline.groups, -3), "");
-  EXPECT_EQ(packedValue(spline.groups, 71), "3");
+  const auto& carried = firstOf<GroupEntity>(*db);
+  EXPECT_EQ(packedValue(carried.groups, -3), "");
+  EXPECT_EQ(packedValue(carried.groups, 71), "3");
   EXPECT_NE(drawingOf(dxfOf(*db)), nullptr);
 }
 
 TEST(CarriedGroups, GroupsWithoutMarkerStayHoweverOftenTheDrawingIsSaved) {
-  auto db = drawingOf(entitiesFile("0|SPLINE|8|0|62|3|70|8|71|3"));
+  auto db = drawingOf(entitiesFile("0|MLINE|8|0|62|3|70|8|71|3"));
   for (int i = 0; i < 3; ++i) {
     ASSERT_NE(db, nullptr);
-    const auto& spline = firstOf<GroupEntity>(*db);
-    EXPECT_EQ(packedValue(spline.groups, 70), "8");
-    EXPECT_EQ(packedValue(spline.groups, 71), "3");
-    EXPECT_EQ(packedValue(spline.groups, 62), "");
-    EXPECT_EQ(spline.colour, 3);
+    const auto& carried = firstOf<GroupEntity>(*db);
+    EXPECT_EQ(packedValue(carried.groups, 70), "8");
+    EXPECT_EQ(packedValue(carried.groups, 71), "3");
+    EXPECT_EQ(packedValue(carried.groups, 62), "");
+    EXPECT_EQ(carried.colour, 3);
     db = drawingOf(dxfOf(*db));
   }
 }
@@ -114,7 +114,7 @@ TEST(CarriedGroups, GroupsWithoutMarkerStayHoweverOftenTheDrawingIsSaved) {
 TEST(CarriedGroups, DwgGoesWithoutThemAndSaysSo) {
   const auto db = drawingWithMore();
   ASSERT_NE(db, nullptr);
-  EXPECT_EQ(dwgLosses(*db), "1 SPLINE, 1 TABLESTYLE");
+  EXPECT_EQ(dwgLosses(*db), "1 MLINE, 1 TABLESTYLE");
   const auto again = reread(*db);
   ASSERT_NE(again, nullptr);
   ASSERT_EQ(again->modelSpace().count, 1u);
@@ -146,7 +146,7 @@ TEST(CarriedGroups, DimensionsAreShownByTheirBlock) {
 
 TEST(PackedGroups, ComeBackInOrderAndEndWhereTheyAreCut) {
   std::string packed;
-  packGroup(packed, 100, "AcDbSpline");
+  packGroup(packed, 100, "AcDbMline");
   packGroup(packed, 1, "");
   packGroup(packed, 1071, std::string(70000, 'x'));
   std::string_view rest = packed;
@@ -154,7 +154,7 @@ TEST(PackedGroups, ComeBackInOrderAndEndWhereTheyAreCut) {
   std::string_view value;
   ASSERT_TRUE(takeGroup(rest, code, value));
   EXPECT_EQ(code, 100);
-  EXPECT_EQ(value, "AcDbSpline");
+  EXPECT_EQ(value, "AcDbMline");
   ASSERT_TRUE(takeGroup(rest, code, value));
   EXPECT_EQ(value, "");
   ASSERT_TRUE(takeGroup(rest, code, value));

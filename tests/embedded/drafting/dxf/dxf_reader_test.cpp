@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include "embedded/drafting/database/xdata.h"
+#include "embedded/drafting/dwg/dwg_writer.h"
 #include "embedded/drafting/dwg/sample_drawing.h"
 #include "embedded/drafting/dxf/dxf_text.h"
 
@@ -247,6 +248,49 @@ TEST(DxfReader, LineWithoutEndIsCutAndSaid) {
   ASSERT_NE(db, nullptr);
   EXPECT_EQ(firstOf<Text>(*db).text.size(), std::size_t{1} << 20);
   EXPECT_EQ(notes, "line 10: the line is too long; cut\n");
+}
+
+TEST(DxfReader, SplineHasItsPointsOfBothKinds) {
+  const auto db = drawingOf(entitiesFile(
+      "0|SPLINE|8|0|210|0|220|0|230|-1|70|12|71|2|72|6|73|3|74|2|42|0.5|12|1|22|2|32|3|"
+      "40|0|40|0|40|0|40|1|40|1|40|1|41|1|41|0.5|10|1|20|2|30|3|10|4|20|5|30|6|"
+      "10|7|20|8|30|9|11|1|21|2|31|3|11|7|21|8|31|9"));
+  ASSERT_NE(db, nullptr);
+  const auto& spline = firstOf<Spline>(*db);
+  EXPECT_TRUE(spline.rational);
+  EXPECT_FALSE(spline.closed);
+  EXPECT_EQ(spline.otherFlags, 8);
+  EXPECT_EQ(spline.normal, (Point3{0, 0, -1}));
+  EXPECT_EQ(spline.knots, (std::vector<double>{0, 0, 0, 1, 1, 1}));
+  EXPECT_EQ(spline.weights, (std::vector<double>{1, 0.5, 1})) << "a missing one is 1";
+  EXPECT_EQ(spline.controls, (std::vector<Point3>{{1, 2, 3}, {4, 5, 6}, {7, 8, 9}}));
+  EXPECT_EQ(spline.fitPoints, (std::vector<Point3>{{1, 2, 3}, {7, 8, 9}}));
+  EXPECT_EQ(spline.startTangent, (Point3{1, 2, 3}));
+  EXPECT_EQ(spline.knotTolerance, 0.5);
+  const auto again = drawingOf(dxfOf(*db));
+  ASSERT_NE(again, nullptr);
+  EXPECT_TRUE(expectSameDrawing(*db, *again, false));
+  EXPECT_EQ(dwgLosses(*db), "1 SPLINE (fit points)");
+}
+
+TEST(DxfReader, SplineThroughFitPointsIsWrittenWithControlPointsAndReadWithoutThem) {
+  const auto db = drawingOf(entitiesFile("0|SPLINE|8|0|70|8|71|3|11|0|21|0|11|3|21|4|11|7|21|-1"));
+  ASSERT_NE(db, nullptr);
+  ASSERT_EQ(firstOf<Spline>(*db).fitPoints.size(), 3u);
+  const std::string text = dxfOf(*db);
+  EXPECT_NE(text.find(" 73\r\n5\r\n"), std::string::npos);
+  const auto again = drawingOf(text);
+  ASSERT_NE(again, nullptr);
+  EXPECT_TRUE(firstOf<Spline>(*again).controls.empty());
+  EXPECT_TRUE(expectSameDrawing(*db, *again, false));
+  EXPECT_EQ(dwgLosses(*again), "");
+}
+
+TEST(DxfReader, SplineWithoutAnythingIsASplineWithoutPicture) {
+  const auto db = drawingOf(entitiesFile("0|SPLINE|8|0|20|5|41|x"));
+  ASSERT_NE(db, nullptr);
+  EXPECT_TRUE(firstOf<Spline>(*db).controls.empty());
+  EXPECT_EQ(dwgLosses(*db), "");
 }
 
 }  // namespace

@@ -107,5 +107,15 @@ TEST(Pieces, BlockGivesItsContentAndItsOwnPlace) {
   EXPECT_FALSE(all.pieces[0].round);
 }
 
+TEST(Pieces, SplineIsManyShortLinesFromEndToEnd) {
+  const auto db = Database::makeNew();
+  Spline spline;
+  spline.fitPoints = {{0, 0, 0}, {3, 4, 0}, {7, -1, 0}};
+  const auto pieces = piecesOf(*db, spline).pieces;
+  ASSERT_GT(pieces.size(), 20u);
+  expectPoint(pieces.front().from, {0, 0});
+  expectPoint(pieces.back().to, {7, -1});
+}
+
 }  // namespace
 }  // namespace drafting
