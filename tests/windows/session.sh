@@ -63,8 +63,9 @@ xdotool - <&"$feed" >/dev/null 2>&1 7>&- &
 typist=$!
 export VORNIK_INPUT="Z:${pipe//\//\\}"
 # Wine's services and its desktop start with the first program and would keep that program's output
-# open after its end: a program without output starts them (taskkill looks at all windows).
-"$wineserver" -p 7>&-
+# open after its end: a program without output starts them (taskkill looks at all windows). The
+# server says 2 when another session's one runs already.
+"$wineserver" -p 7>&- || [ $? = 2 ]
 "$VORNIK_WINE" taskkill /im none.exe </dev/null >/dev/null 2>&1 7>&- {ready}<&- || true
 
 "$@" 7>&- {ready}<&- {feed}<&-

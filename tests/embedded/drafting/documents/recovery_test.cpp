@@ -242,8 +242,7 @@ TEST_F(RecoveryTest, WhatOnlyADxfFileHoldsComesBack) {
   type("CIRCLE 0,0 1\n");
   std::string text = dxfOf(session.database());
   const std::size_t at = text.find("ENDSEC", text.find("\nENTITIES"));
-  text.insert(text.rfind("  0", at),
-              "  0\r\nMLINE\r\n  5\r\nF00\r\n  8\r\n0\r\n 70\r\n     8\r\n");
+  text.insert(text.rfind("  0", at), "  0\r\nMLINE\r\n  5\r\nF00\r\n  8\r\n0\r\n 70\r\n     8\r\n");
   write(base::pathFromUtf8(pathOf("a.dxf")), text);
   ASSERT_TRUE(session.openDrawing(pathOf("a.dxf")).ok());
   type("CIRCLE 0,0 2\nMOVE ALL\n\n0,0 1,0\n");
