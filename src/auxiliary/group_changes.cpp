@@ -13,11 +13,12 @@ bool AuxiliaryStore::hasRoomFor(const std::wstring& title) const {
   return fits(all);
 }
 
+// Keys that a group of this title has left in the tree, when it got a title that isn't shown,
+// become the new one's. It is meant: nothing of the tree is lost.
 void AuxiliaryStore::addGroup(const std::wstring& title) {
   CStringArray all = titles();
   all.Add(title);
   storeList(keys::kIndex, all);
-  tree_.DeleteSubKeyW(keys::group(title).c_str());  // left by a group that no list names any more
   storeText(tree_, keys::type(title), L"0");
 }
 

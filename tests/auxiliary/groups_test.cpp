@@ -335,12 +335,14 @@ TEST_F(Groups, TitleWithABackslashLosesItsGroupButNoFile) {
   EXPECT_EQ(value(L"数据\\仪表\\数据\\仪表-1"), L"FG001001");
 }
 
-TEST_F(Groups, NewOneIsEmptyAlsoUnderATitleWhoseKeysWereLeft) {
+TEST_F(Groups, NewOneTakesOverWhatItsTitleLeftInTheTree) {
   loaded().folderRenamed(1, L"新建图库组");
+  const std::wstring labels = value(L"数据\\新建图库组\\索引");
+  ASSERT_FALSE(labels.empty());
   library().folderRenamed(1, L"a\\b");
   library().NewGroup();
   EXPECT_EQ(value(L"数据\\新建图库组"), L"fzgn0004");
-  EXPECT_EQ(lengthOf(L"数据\\新建图库组\\索引"), -1);
+  EXPECT_EQ(value(L"数据\\新建图库组\\索引"), labels);
   EXPECT_TRUE(exists("fzgn0002/FG002001.dwg"));
 }
 
