@@ -121,7 +121,7 @@ int AddSymbolFromDrawing(AuxiliaryLibrary& library) {
   }
   const NewItem item = library.NewItemKeys();
   if (item.block.empty()) {
-    acutPrintf(L"\n当前图库组无法增加图库项!");
+    acutPrintf(L"\n当前图库组无法增加图库项,请修改其标题或删除不用的图库项!");
     return RTERROR;
   }
   const std::wstring path = inFolder(item.folderPath, item.block + L".dwg");

@@ -16,7 +16,7 @@ namespace {
 constexpr unsigned kOkOrCancel = 33;  // with a question mark
 constexpr const wchar_t* kGroup = L"\"图库组吗?";
 constexpr const wchar_t* kItem = L"\"图库项吗?";
-constexpr const wchar_t* kTooLong = L"数据过长,辅助功能库未修改!";
+constexpr const wchar_t* kTooLong = L"数据过长,辅助功能库未修改!\n请缩短名称或删除不用的项。";
 
 // The waiting prompt takes the text as an answer. Behind the two characters stands a terminating
 // one, and the length counts one more.

@@ -107,7 +107,7 @@ TEST_F(AddSymbol, GroupThatTakesNoItemIsToldBeforeAnythingIsWritten) {
   answer(RTNORM);
   loaded().folderRenamed(0, L"a\\b");
   EXPECT_EQ(AddSymbolFromDrawing(library()), RTERROR);
-  EXPECT_EQ(test::takeTranscript(), L"\n当前图库组无法增加图库项!");
+  EXPECT_EQ(test::takeTranscript(), L"\n当前图库组无法增加图库项,请修改其标题或删除不用的图库项!");
   EXPECT_EQ(host().drawings.back(), L"wblock SOURCE");
   EXPECT_EQ(bar_.itemCount(0), 3);
 }

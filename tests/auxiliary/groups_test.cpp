@@ -10,7 +10,7 @@ using test::writeBytes;
 namespace fs = std::filesystem;
 
 constexpr const wchar_t* kNoFolder = L"创建路径失败,请检查磁盘是否写保护!\n驱动器是否关闭!";
-constexpr const wchar_t* kTooLong = L"数据过长,辅助功能库未修改!";
+constexpr const wchar_t* kTooLong = L"数据过长,辅助功能库未修改!\n请缩短名称或删除不用的项。";
 
 class Groups : public LibraryFixture {};
 

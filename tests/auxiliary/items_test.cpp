@@ -352,7 +352,7 @@ TEST_F(Items, LabelThatMakesTheListTooLongIsRefused) {
   loaded().itemRenamed(0, std::wstring(20000, L'a'));
   bar_.log.clear();
   library().itemRenamed(1, std::wstring(13000, L'b'));
-  EXPECT_EQ(bar_.log, (Log{L"数据过长,辅助功能库未修改!", L"items"}));
+  EXPECT_EQ(bar_.log, (Log{L"数据过长,辅助功能库未修改!\n请缩短名称或删除不用的项。", L"items"}));
   EXPECT_EQ(bar_.labels(0).at(1), L"仪表-2");
   EXPECT_TRUE(list() == std::wstring(20000, L'a') + L"&仪表-2&仪表-3&");
   EXPECT_EQ(value(L"数据\\仪表\\数据\\仪表-2"), L"FG001002");

@@ -2,9 +2,12 @@
 
 #include <algorithm>
 #include <cmath>
+#include <utility>
 
 namespace drafting {
 namespace {
+
+constexpr std::int32_t kFitDegree = 3;
 
 // The way from point to point: of each piece its length.
 struct Way {
@@ -59,8 +62,6 @@ std::vector<Point3> speedsOf(const Way& way, const Spline& spline) {
   return speeds;
 }
 
-bool near(const Point3& a, const Point3& b, double most) { return length(a - b) <= most; }
-
 }  // namespace
 
 FitCurve fitCurve(const Spline& spline) {
@@ -85,15 +86,28 @@ FitCurve fitCurve(const Spline& spline) {
   return curve;
 }
 
+Spline withControls(const Spline& spline) {
+  Spline result = spline;
+  if (!result.controls.empty()) return result;
+  FitCurve curve = fitCurve(spline);
+  result.degree = kFitDegree;
+  result.knots = std::move(curve.knots);
+  result.controls = std::move(curve.controls);
+  result.weights.clear();
+  return result;
+}
+
 bool followsFitPoints(const Spline& spline) {
   constexpr double kSame = 1e-9;  // relative
-  if (spline.fitPoints.empty() || spline.degree != 3 || !spline.weights.empty()) return false;
+  if (spline.fitPoints.empty() || spline.degree != kFitDegree || !spline.weights.empty())
+    return false;
+  if (spline.closed || spline.periodic || spline.rational) return false;
   const FitCurve curve = fitCurve(spline);
   if (curve.controls.size() != spline.controls.size() || curve.knots.size() != spline.knots.size())
     return false;
   const double most = kSame * (1 + (curve.knots.empty() ? 0 : curve.knots.back()));
   return std::equal(curve.controls.begin(), curve.controls.end(), spline.controls.begin(),
-                    [most](const Point3& a, const Point3& b) { return near(a, b, most); }) &&
+                    [most](const Point3& a, const Point3& b) { return length(a - b) <= most; }) &&
          std::equal(curve.knots.begin(), curve.knots.end(), spline.knots.begin(),
                     [most](double a, double b) { return std::abs(a - b) <= most; });
 }

@@ -13,7 +13,11 @@ struct FitCurve {
 };
 FitCurve fitCurve(const Spline& spline);
 
-// Whether its control points say no more than its fit points do.
+// The spline with control points: its own if it has any, else those of the curve, whose degree
+// is 3.
+Spline withControls(const Spline& spline);
+
+// Whether its control points and flags say no more than its fit points do.
 bool followsFitPoints(const Spline& spline);
 
 }  // namespace drafting

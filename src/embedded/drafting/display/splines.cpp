@@ -62,14 +62,10 @@ Path splinePath(const SplineCurve& spline) {
 }
 
 Path splinePath(const Spline& spline) {
-  const bool byFitPoints = spline.controls.empty();
-  const FitCurve fit = byFitPoints ? fitCurve(spline) : FitCurve{};
+  const Spline curve = withControls(spline);
   Path controls;
-  for (const Point3& control : byFitPoints ? fit.controls : spline.controls) {
-    controls.push_back(flat(control));
-  }
-  if (byFitPoints) return splinePath(SplineCurve{3, fit.knots, controls, {}});
-  return splinePath(SplineCurve{spline.degree, spline.knots, controls, spline.weights});
+  for (const Point3& control : curve.controls) controls.push_back(flat(control));
+  return splinePath(SplineCurve{curve.degree, curve.knots, controls, curve.weights});
 }
 
 }  // namespace drafting

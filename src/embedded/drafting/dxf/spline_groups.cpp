@@ -47,17 +47,15 @@ void GroupReader::spline(Spline& spline) {
   spline.knots.clear();
 }
 
-void GroupWriter::spline(const Spline& spline) {
+void GroupWriter::spline(const Spline& stored) {
+  const Spline spline = withControls(stored);
   const int flags = (spline.closed ? kClosed : 0) | (spline.periodic ? kPeriodic : 0) |
                     (spline.rational ? kRational : 0) | spline.otherFlags;
-  const FitCurve fit = spline.controls.empty() ? fitCurve(spline) : FitCurve{};
-  const auto& knots = spline.controls.empty() ? fit.knots : spline.knots;
-  const auto& controls = spline.controls.empty() ? fit.controls : spline.controls;
   if (flags & kPlanar) sink_.point(210, spline.normal);
   sink_.integer(70, flags);
   sink_.integer(71, spline.degree);
-  size(72, knots.size());
-  size(73, controls.size());
+  size(72, spline.knots.size());
+  size(73, spline.controls.size());
   size(74, spline.fitPoints.size());
   sink_.real(42, spline.knotTolerance);
   sink_.real(43, spline.controlTolerance);
@@ -66,9 +64,9 @@ void GroupWriter::spline(const Spline& spline) {
     if (!(spline.startTangent == Point3{})) sink_.point(12, spline.startTangent);
     if (!(spline.endTangent == Point3{})) sink_.point(13, spline.endTangent);
   }
-  for (const double knot : knots) sink_.real(40, knot);
+  for (const double knot : spline.knots) sink_.real(40, knot);
   for (const double weight : spline.weights) sink_.real(41, weight);
-  for (const Point3& control : controls) sink_.point(10, control);
+  for (const Point3& control : spline.controls) sink_.point(10, control);
   for (const Point3& fitPoint : spline.fitPoints) sink_.point(11, fitPoint);
 }
 

@@ -50,6 +50,19 @@ TEST(FitCurve, ControlPointsThatRepeatItAreKnown) {
   made.controls = curve.controls;
   made.weights.assign(made.controls.size(), 1);
   EXPECT_FALSE(followsFitPoints(made));
+  made.weights.clear();
+  made.closed = true;
+  EXPECT_FALSE(followsFitPoints(made)) << "fit points alone don't tell that";
+}
+
+TEST(FitCurve, ControlPointsOfItsOwnStay) {
+  Spline made = spline();
+  made.degree = 5;
+  EXPECT_EQ(withControls(made).degree, 3) << "the curve's, whatever was said";
+  EXPECT_EQ(withControls(made).controls, fitCurve(made).controls);
+  made.controls = {{1, 1, 1}, {2, 2, 2}};
+  EXPECT_EQ(withControls(made).controls, made.controls);
+  EXPECT_EQ(withControls(made).degree, 5);
 }
 
 }  // namespace
